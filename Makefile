@@ -1,0 +1,32 @@
+# The two everyday entries:  make run  (the demo)  and  make test  (all tests).
+BUILD ?= build
+CMAKE_FLAGS ?=
+ifneq ($(CI),)
+CMAKE_FLAGS += -DVIGIL_WERROR=ON
+endif
+
+.PHONY: all setup build run test bench format clean
+
+all: build
+
+setup:
+	scripts/setup
+
+build: setup
+	cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS)
+	cmake --build $(BUILD)
+
+run: build
+	scripts/demo $(BUILD)
+
+test: build
+	ctest --test-dir $(BUILD) --output-on-failure -j2
+
+bench: build
+	$(BUILD)/bin/bench_store
+
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD)
