@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QSet>
+#include <QStringList>
+#include <QTextStream>
+
+enum ExitCode {
+    ExitDone = 0,
+    ExitNotFound = 1,
+    ExitBadArguments = 2,
+    ExitUnavailable = 3,
+};
+
+// The words of one command: its positional arguments and its flags. "--" ends the flags,
+// so that a value may itself begin with "--".
+class CommandLine
+{
+public:
+    CommandLine(const QStringList& words, const QSet<QString>& flags);
+
+    const QStringList& positional() const { return m_positional; }
+    bool has(const QString& flag) const { return m_given.contains(flag); }
+    bool wantsHelp() const { return m_bHelp; }
+    // The first word that looks like a flag this command doesn't know, or empty.
+    const QString& unknownFlag() const { return m_unknown; }
+
+private:
+    QStringList m_positional;
+    QSet<QString> m_given;
+    QString m_unknown;
+    bool m_bHelp = false;
+};
+
+// The streams a command writes to, and its one-line failure.
+struct Console
+{
+    QTextStream& out;
+    QTextStream& err;
+
+    int fail(const QString& message, ExitCode code) const;
+};

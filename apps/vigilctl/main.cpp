@@ -1,0 +1,49 @@
+#include "CommandLine.h"
+#include "MessageCommand.h"
+#include "StoreCommand.h"
+
+#include <QCoreApplication>
+
+namespace {
+QString usage()
+{
+    return QStringLiteral(
+        "Usage: vigilctl COMMAND [ARG...]\n"
+        "\n"
+        "The administrator's command line of Korvex Vigil.\n"
+        "\n"
+        "Commands:\n"
+        "  store     read and change the settings store\n"
+        "  message   print a message of the catalogue\n"
+        "\n"
+        "'vigilctl COMMAND --help' tells more of each.\n"
+        "Exit codes: 0 done, 1 the key or value asked for is missing, 2 a bad command line,\n"
+        "3 the store or a file cannot be used.\n");
+}
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    const Console console{out, err};
+
+    const QStringList args = application.arguments().mid(1);
+    const QString command = args.value(0);
+    if (command == QLatin1String("store"))
+        return StoreCommand(console).run(args.mid(1));
+    if (command == QLatin1String("message"))
+        return MessageCommand(console).run(args.mid(1));
+    if (command == QLatin1String("--help") || command == QLatin1String("-h") ||
+        command == QLatin1String("help")) {
+        out << usage();
+        return ExitDone;
+    }
+    if (command.isEmpty()) {
+        err << usage();
+        return ExitBadArguments;
+    }
+    return console.fail(QStringLiteral("unknown command \"%1\" (see vigilctl --help)").arg(command),
+                        ExitBadArguments);
+}
