@@ -4,7 +4,8 @@ CommandLine::CommandLine(const QStringList& words, const QSet<QString>& flags)
 {
     bool flagsEnded = false;
     for (const QString& word : words) {
-        const bool looksLikeFlag = word.startsWith(QLatin1String("--")) || word == QLatin1String("-h");
+        const bool looksLikeFlag =
+            word.startsWith(QLatin1String("--")) || word == QLatin1String("-h");
         if (flagsEnded || !looksLikeFlag) {
             m_positional.append(word);
         } else if (word == QLatin1String("--")) {

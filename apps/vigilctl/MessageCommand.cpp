@@ -4,8 +4,7 @@
 
 MessageCommand::MessageCommand(const Console& console)
     : m_console(console)
-{
-}
+{}
 
 QString MessageCommand::usage()
 {
@@ -30,14 +29,15 @@ int MessageCommand::run(const QStringList& words)
         return m_console.fail(QStringLiteral("message: unknown option %1").arg(line.unknownFlag()),
                               ExitBadArguments);
     if (line.positional().isEmpty())
-        return m_console.fail(QStringLiteral("message: an ID is needed (see vigilctl message --help)"),
-                              ExitBadArguments);
+        return m_console.fail(
+            QStringLiteral("message: an ID is needed (see vigilctl message --help)"),
+            ExitBadArguments);
     bool ok = false;
     const qint32 id = line.positional().first().toInt(&ok);
     if (!ok)
-        return m_console.fail(
-            QStringLiteral("message: \"%1\" is not a message number").arg(line.positional().first()),
-            ExitBadArguments);
+        return m_console.fail(QStringLiteral("message: \"%1\" is not a message number")
+                                  .arg(line.positional().first()),
+                              ExitBadArguments);
 
     QVariantList args;
     for (const QString& arg : line.positional().mid(1))

@@ -4,7 +4,6 @@
 #include "services/SettingsAccess.h"
 
 #include <QFile>
-
 #include <limits>
 
 namespace {
@@ -16,7 +15,8 @@ struct Verb
 };
 
 constexpr Verb Verbs[] = {
-    {"get", 2, 2}, {"set", 3, 3}, {"delete", 1, 2}, {"list", 1, 1}, {"export", 0, 1}, {"import", 1, 1},
+    {"get", 2, 2},  {"set", 3, 3},    {"delete", 1, 2},
+    {"list", 1, 1}, {"export", 0, 1}, {"import", 1, 1},
 };
 
 const Verb* findVerb(const QString& name)
@@ -41,8 +41,7 @@ std::optional<qint32> dwordOf(const QString& text)
 
 StoreCommand::StoreCommand(const Console& console)
     : m_console(console)
-{
-}
+{}
 
 QString StoreCommand::usage()
 {
@@ -55,15 +54,18 @@ QString StoreCommand::usage()
                "       vigilctl store import FILE|-\n"
                "\n"
                "  get      prints a value; nothing, and exit code 1, when it is missing\n"
-               "  set      writes a text value, or a 32-bit number with --dword (decimal or 0x hex)\n"
+               "  set      writes a text value, or a 32-bit number with --dword (decimal or 0x "
+               "hex)\n"
                "  delete   deletes a value, or without NAME the key with everything below it\n"
                "  list     prints the subkeys of KEY, one a line\n"
                "  export   prints KEY and everything below it (the whole store without KEY) as\n"
                "           .reg text\n"
-               "  import   reads .reg text from FILE, or from standard input with -; all or nothing\n"
+               "  import   reads .reg text from FILE, or from standard input with -; all or "
+               "nothing\n"
                "\n"
                "KEY begins with its hive, HKLM\\ (the machine's) or HKCU\\ (the user's), as in\n"
-               "'HKLM\\Software\\Orvane\\Vigil\\Options'. Quote it for the shell; \"/\" may stand for \"\\\".\n"
+               "'HKLM\\Software\\Orvane\\Vigil\\Options'. Quote it for the shell; \"/\" may stand "
+               "for \"\\\".\n"
                "The store is $VIGIL_STORE, else korvex-vigil/store.sqlite in $XDG_DATA_HOME\n"
                "(~/.local/share); here: %1\n")
         .arg(SettingsStore::defaultFilePath());
@@ -93,8 +95,9 @@ int StoreCommand::run(const QStringList& words)
                                   .arg(verb->name),
                               ExitBadArguments);
     if (line.has(QStringLiteral("--dword")) && QLatin1String(verb->name) != QLatin1String("set"))
-        return m_console.fail(QStringLiteral("store %1: --dword goes with set only").arg(verb->name),
-                              ExitBadArguments);
+        return m_console.fail(
+            QStringLiteral("store %1: --dword goes with set only").arg(verb->name),
+            ExitBadArguments);
 
     const QString verbName = QLatin1String(verb->name);
     std::optional<RegFile::KeyPath> key;
@@ -146,7 +149,8 @@ int StoreCommand::get(const RegFile::KeyPath& key, const QString& name)
     const qint32 status = ReadValue(qint32(key.hive), key.path, name, value);
     if (status == -1)
         return m_console.fail(
-            QStringLiteral("value \"%1\" is neither text nor a dword; see it with export").arg(name),
+            QStringLiteral("value \"%1\" is neither text nor a dword; see it with export")
+                .arg(name),
             ExitUnavailable);
     if (status != SettingsStore::Success)
         return ExitNotFound;
@@ -169,9 +173,9 @@ int StoreCommand::set(const RegFile::KeyPath& key, const QString& name, const QS
     const qint32 status =
         WriteValue(qint32(key.hive), key.path, name, dword ? REG_DWORD : REG_SZ, stored);
     if (status != SettingsStore::Success)
-        return m_console.fail(QStringLiteral("store set: the value cannot be written (status %1)")
-                                  .arg(status),
-                              ExitUnavailable);
+        return m_console.fail(
+            QStringLiteral("store set: the value cannot be written (status %1)").arg(status),
+            ExitUnavailable);
     return ExitDone;
 }
 
@@ -210,7 +214,8 @@ int StoreCommand::list(const RegFile::KeyPath& key)
     if (m_store->openKey(key.hive, key.path, handle) != SettingsStore::Success)
         return noKey(RegFile::hiveName(key.hive) + QLatin1Char('\\') + key.path);
     QString name;
-    for (quint32 index = 0; m_store->enumKey(handle, index, name) == SettingsStore::Success; ++index)
+    for (quint32 index = 0; m_store->enumKey(handle, index, name) == SettingsStore::Success;
+         ++index)
         m_console.out << name << '\n';
     m_console.out.flush();
     m_store->closeKey(handle);
@@ -256,10 +261,10 @@ int StoreCommand::importFile(const QString& fileName)
     const QString text = QString::fromUtf8(file.readAll());
     const RegFile::ImportResult result = RegFile(*m_store).importText(text);
     if (!result.ok)
-        return m_console.fail(QStringLiteral("%1: %2; nothing was imported")
-                                  .arg(fromInput ? QStringLiteral("standard input") : fileName,
-                                       result.error),
-                              ExitUnavailable);
+        return m_console.fail(
+            QStringLiteral("%1: %2; nothing was imported")
+                .arg(fromInput ? QStringLiteral("standard input") : fileName, result.error),
+            ExitUnavailable);
     m_console.out << QStringLiteral("imported: %1 %2, %3 %4")
                          .arg(result.keys)
                          .arg(result.keys == 1 ? "key" : "keys")

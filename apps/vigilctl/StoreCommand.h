@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CommandLine.h"
-
 #include "services/RegFile.h"
 
 // vigilctl store ...: reads and changes the settings store, so that an administrator can set

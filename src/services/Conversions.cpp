@@ -3,7 +3,6 @@
 #include "services/VigilError.h"
 
 #include <QRegularExpression>
-
 #include <cmath>
 #include <limits>
 
@@ -21,7 +20,8 @@ qint32 roundToLong(double value)
         throw VigilError(VigilError::Overflow, Source, QStringLiteral("Overflow"));
     // Half to even, as the default rounding mode gives it.
     const double rounded = std::nearbyint(value);
-    if (rounded < std::numeric_limits<qint32>::min() || rounded > std::numeric_limits<qint32>::max())
+    if (rounded < std::numeric_limits<qint32>::min() ||
+        rounded > std::numeric_limits<qint32>::max())
         throw VigilError(VigilError::Overflow, Source, QStringLiteral("Overflow"));
     return static_cast<qint32>(rounded);
 }
@@ -31,12 +31,12 @@ std::optional<double> NumericValue(const QString& text)
 {
     static const QRegularExpression decimal(
         QStringLiteral("^\\s*([+-]?(?:\\d+\\.?\\d*|\\.\\d+)(?:[eEdD][+-]?\\d+)?)\\s*$"));
-    static const QRegularExpression radix(
-        QStringLiteral("^\\s*&([hHoO])([0-9a-fA-F]+)\\s*$"));
+    static const QRegularExpression radix(QStringLiteral("^\\s*&([hHoO])([0-9a-fA-F]+)\\s*$"));
 
     if (const auto match = decimal.match(text); match.hasMatch()) {
         QString number = match.captured(1);
-        number.replace(QLatin1Char('d'), QLatin1Char('e')).replace(QLatin1Char('D'), QLatin1Char('e'));
+        number.replace(QLatin1Char('d'), QLatin1Char('e'))
+            .replace(QLatin1Char('D'), QLatin1Char('e'));
         bool ok = false;
         const double value = number.toDouble(&ok);
         if (ok)

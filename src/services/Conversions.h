@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QVariant>
-
 #include <optional>
 
 // Conversions between the loosely typed values of settings and arguments and the

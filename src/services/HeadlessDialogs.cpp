@@ -4,8 +4,7 @@
 
 HeadlessDialogs::HeadlessDialogs(FILE* stream)
     : m_stream(stream)
-{
-}
+{}
 
 IDialogs::Answer HeadlessDialogs::show(const Box& box)
 {

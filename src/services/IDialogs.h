@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-
 #include <memory>
 
 // The message boxes the system shows. The desktop program puts up modal boxes (other events

@@ -3,13 +3,24 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
-
 #include <array>
 
-inline qint32 MaxLong(qint32 a, qint32 b) { return a > b ? a : b; }
-inline qint32 MinLong(qint32 a, qint32 b) { return a < b ? a : b; }
-inline float MaxSingle(float a, float b) { return a > b ? a : b; }
-inline float MinSingle(float a, float b) { return a < b ? a : b; }
+inline qint32 MaxLong(qint32 a, qint32 b)
+{
+    return a > b ? a : b;
+}
+inline qint32 MinLong(qint32 a, qint32 b)
+{
+    return a < b ? a : b;
+}
+inline float MaxSingle(float a, float b)
+{
+    return a > b ? a : b;
+}
+inline float MinSingle(float a, float b)
+{
+    return a < b ? a : b;
+}
 inline void RaiseToMax(qint32& level, qint32 candidate)
 {
     if (candidate > level)

@@ -80,8 +80,7 @@ class Importer
 public:
     explicit Importer(SettingsStore& store)
         : m_store(store)
-    {
-    }
+    {}
     ~Importer() { closeCurrent(); }
 
     // Each returns an empty text when the line went in, else what is wrong with it.
@@ -96,7 +95,9 @@ public:
         if (remove) {
             const qint32 status = m_store.deleteKeyTree(key->hive, key->path);
             if (status != SettingsStore::Success && status != SettingsStore::FileNotFound)
-                return QStringLiteral("key %1 cannot be deleted (status %2)").arg(keyText).arg(status);
+                return QStringLiteral("key %1 cannot be deleted (status %2)")
+                    .arg(keyText)
+                    .arg(status);
             return {};
         }
         const qint32 status = m_store.createKey(key->hive, key->path, m_current);
@@ -162,11 +163,12 @@ private:
             qToLittleEndian(match.captured(1).toUInt(nullptr, 16), bytes.data());
             return {};
         }
-        static const QRegularExpression hex(
-            QStringLiteral("^hex(?:\\(([0-9a-fA-F]{1,8})\\))?:((?:[0-9a-fA-F]{2})(?:,[0-9a-fA-F]{2})*)?$"));
+        static const QRegularExpression hex(QStringLiteral(
+            "^hex(?:\\(([0-9a-fA-F]{1,8})\\))?:((?:[0-9a-fA-F]{2})(?:,[0-9a-fA-F]{2})*)?$"));
         if (const auto match = hex.match(data); match.hasMatch()) {
             type = match.captured(1).isEmpty() ? 3 : match.captured(1).toUInt(nullptr, 16);
-            for (const QString& byte : match.captured(2).split(QLatin1Char(','), Qt::SkipEmptyParts))
+            for (const QString& byte :
+                 match.captured(2).split(QLatin1Char(','), Qt::SkipEmptyParts))
                 bytes.append(char(byte.toUInt(nullptr, 16)));
             return {};
         }
@@ -204,8 +206,7 @@ QString RegFile::hiveName(SettingsStore::Handle hive)
 
 RegFile::RegFile(SettingsStore& store)
     : m_store(store)
-{
-}
+{}
 
 qint32 RegFile::exportKey(const KeyPath& key, QString& text)
 {
@@ -266,8 +267,8 @@ RegFile::ImportResult RegFile::importText(const QString& text)
     ImportResult result;
     SettingsStore::Transaction transaction(m_store);
     if (!transaction.isActive()) {
-        result.error = m_store.isAvailable() ? QStringLiteral("the store is busy")
-                                             : m_store.problem();
+        result.error =
+            m_store.isAvailable() ? QStringLiteral("the store is busy") : m_store.problem();
         return result;
     }
     Importer importer(m_store);

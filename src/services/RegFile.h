@@ -3,7 +3,6 @@
 #include "services/SettingsStore.h"
 
 #include <QString>
-
 #include <optional>
 
 // Keys and values of the settings store in the .reg text that administrators know:

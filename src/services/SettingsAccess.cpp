@@ -6,7 +6,6 @@
 #include "services/VigilError.h"
 
 #include <QtEndian>
-
 #include <optional>
 
 namespace {
@@ -202,7 +201,8 @@ bool EnumSubKeys(qint32 hive, QStringList& names, const QString& path)
 qint32 DeleteKeyTree(qint32 hive, const QString& path, const QString& name)
 {
     OpenedKey opened;
-    const qint32 status = opened.open(hive, DefaultRootKey + QLatin1Char('\\') + path, ChangeRights);
+    const qint32 status =
+        opened.open(hive, DefaultRootKey + QLatin1Char('\\') + path, ChangeRights);
     if (status != SettingsStore::Success)
         return status;
     return store().deleteKeyTree(opened.handle(), name);

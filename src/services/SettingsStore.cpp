@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
 #include <sqlite3.h>
 
 namespace {
@@ -134,8 +133,9 @@ void SettingsStore::open()
     sqlite3_stmt* header = statement("PRAGMA application_id");
     if (!header || sqlite3_step(header) != SQLITE_ROW) {
         const int code = sqlite3_errcode(m_db);
-        fail(code == SQLITE_NOTADB ? QStringLiteral("the file is not a settings store")
-                                   : QStringLiteral("the file cannot be read (%1)").arg(lastError()));
+        fail(code == SQLITE_NOTADB
+                 ? QStringLiteral("the file is not a settings store")
+                 : QStringLiteral("the file cannot be read (%1)").arg(lastError()));
         return;
     }
     const int applicationId = sqlite3_column_int(header, 0);
@@ -145,8 +145,9 @@ void SettingsStore::open()
         sqlite3_stmt* check = statement("PRAGMA quick_check(1)");
         const bool readable = check && sqlite3_step(check) == SQLITE_ROW;
         const QString verdict =
-            readable ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)))
-                     : lastError();
+            readable
+                ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)))
+                : lastError();
         if (check)
             sqlite3_reset(check);
         if (verdict != QLatin1String("ok")) {
@@ -155,8 +156,8 @@ void SettingsStore::open()
         }
     } else {
         sqlite3_stmt* tables = statement("SELECT count(*) FROM sqlite_master");
-        const bool empty = tables && sqlite3_step(tables) == SQLITE_ROW &&
-                           sqlite3_column_int(tables, 0) == 0;
+        const bool empty =
+            tables && sqlite3_step(tables) == SQLITE_ROW && sqlite3_column_int(tables, 0) == 0;
         if (tables)
             sqlite3_reset(tables);
         if (!empty) {
@@ -176,7 +177,8 @@ void SettingsStore::open()
 bool SettingsStore::initialiseSchema()
 {
     const QByteArray sql = QByteArray("BEGIN IMMEDIATE;") + SchemaSql +
-                           QByteArray("PRAGMA application_id=") + QByteArray::number(ApplicationId) +
+                           QByteArray("PRAGMA application_id=") +
+                           QByteArray::number(ApplicationId) +
                            ";PRAGMA user_version=" + QByteArray::number(SchemaVersion) + ";COMMIT;";
     if (exec(sql.constData()))
         return true;
@@ -324,7 +326,8 @@ qint32 SettingsStore::queryValue(Handle key, const QString& name, quint32& type,
     const OpenKey* open = find(key);
     if (!open)
         return InvalidHandle;
-    sqlite3_stmt* stmt = statement("SELECT type, data FROM store_values WHERE key = ?1 AND folded = ?2");
+    sqlite3_stmt* stmt =
+        statement("SELECT type, data FROM store_values WHERE key = ?1 AND folded = ?2");
     if (!stmt)
         return BadDatabase;
     const QByteArray folded = fold(name).toUtf8();
@@ -349,7 +352,8 @@ qint32 SettingsStore::queryValue(Handle key, const QString& name, quint32& type,
     return status;
 }
 
-qint32 SettingsStore::setValue(Handle key, const QString& name, quint32 type, const QByteArray& data)
+qint32 SettingsStore::setValue(Handle key, const QString& name, quint32 type,
+                               const QByteArray& data)
 {
     if (!m_db)
         return BadDatabase;
@@ -387,7 +391,8 @@ qint32 SettingsStore::enumKey(Handle key, quint32 index, QString& name)
     // The names are read at the start of an enumeration and whenever this process changed
     // the tree since, so that a walk by index costs one query, not one per subkey.
     if (index == 0 || !open->subKeysLoaded || open->subKeysGeneration != m_treeGeneration) {
-        sqlite3_stmt* stmt = statement("SELECT name FROM store_keys WHERE parent = ?1 ORDER BY path");
+        sqlite3_stmt* stmt =
+            statement("SELECT name FROM store_keys WHERE parent = ?1 ORDER BY path");
         if (!stmt)
             return BadDatabase;
         sqlite3_bind_int64(stmt, 1, open->id);
@@ -432,9 +437,9 @@ qint32 SettingsStore::deleteKeyTree(Handle key, const QString& subKey)
     Transaction transaction(*this);
     if (!transaction.isActive())
         return BadDatabase;
-    sqlite3_stmt* values = statement(
-        "DELETE FROM store_values WHERE key IN (SELECT id FROM store_keys "
-        "WHERE path = ?1 OR (path >= ?2 AND path < ?3))");
+    sqlite3_stmt* values =
+        statement("DELETE FROM store_values WHERE key IN (SELECT id FROM store_keys "
+                  "WHERE path = ?1 OR (path >= ?2 AND path < ?3))");
     if (!values)
         return BadDatabase;
     bindRange(values);
@@ -476,10 +481,11 @@ qint32 SettingsStore::listValues(Handle key, QList<Value>& values)
     sqlite3_bind_int64(stmt, 1, open->id);
     values.clear();
     while (sqlite3_step(stmt) == SQLITE_ROW) {
-        values.append({QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))),
-                       quint32(sqlite3_column_int64(stmt, 1)),
-                       QByteArray(static_cast<const char*>(sqlite3_column_blob(stmt, 2)),
-                                  sqlite3_column_bytes(stmt, 2))});
+        values.append(
+            {QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))),
+             quint32(sqlite3_column_int64(stmt, 1)),
+             QByteArray(static_cast<const char*>(sqlite3_column_blob(stmt, 2)),
+                        sqlite3_column_bytes(stmt, 2))});
     }
     sqlite3_reset(stmt);
     return Success;
@@ -551,8 +557,7 @@ void SettingsStore::rollbackTransaction()
 SettingsStore::Transaction::Transaction(SettingsStore& store)
     : m_store(store)
     , m_bActive(store.beginTransaction())
-{
-}
+{}
 
 SettingsStore::Transaction::~Transaction()
 {

@@ -3,7 +3,6 @@
 #include <QHash>
 #include <QList>
 #include <QString>
-
 #include <memory>
 
 struct sqlite3;
@@ -113,8 +112,7 @@ private:
         OpenKey(qint64 keyId, QString foldedPath)
             : id(keyId)
             , path(std::move(foldedPath))
-        {
-        }
+        {}
         qint64 id = 0;
         QString path; // folded, from the hive down: "HKLM\SOFTWARE\ORVANE"
         QStringList subKeys;

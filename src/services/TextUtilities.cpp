@@ -68,7 +68,8 @@ QString TrimNul(const QString& text)
 QString TrimControl(const QString& text)
 {
     QString current = text;
-    for (QString next = TrimNul(TrimCrLf(current)); next != current; next = TrimNul(TrimCrLf(current)))
+    for (QString next = TrimNul(TrimCrLf(current)); next != current;
+         next = TrimNul(TrimCrLf(current)))
         current = next;
     return current;
 }

@@ -12,9 +12,10 @@ bool clsTokenParser::GetNext(QString& token)
 {
     if (m_sText.isEmpty() || m_sSeparator.isEmpty())
         return false;
-    const qsizetype found = m_nPosition > m_sText.size()
-                                ? -1
-                                : m_sText.indexOf(m_sSeparator, m_nPosition - 1, Qt::CaseInsensitive);
+    const qsizetype found =
+        m_nPosition > m_sText.size()
+            ? -1
+            : m_sText.indexOf(m_sSeparator, m_nPosition - 1, Qt::CaseInsensitive);
     if (found >= 0) {
         token = m_sText.mid(m_nPosition - 1, found - (m_nPosition - 1));
         m_nPosition = found + 1 + m_sSeparator.size();
