@@ -1,0 +1,153 @@
+#include "services/ApplicationOptions.h"
+
+#include "services/ErrorBox.h"
+#include "services/SettingsAccess.h"
+#include "support/ServicesFixture.h"
+
+#include <QFile>
+
+namespace {
+class ApplicationOptionsTest : public ServicesFixture
+{
+protected:
+    static void storeOption(const QString& name, qint32 value)
+    {
+        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, name, REG_DWORD, value), 0);
+    }
+
+    static QVariant storedOption(const QString& name)
+    {
+        QVariant value;
+        return ReadValue(HKEY_LOCAL_MACHINE, OptionsKey, name, value) == 0 ? value : QVariant();
+    }
+
+    static void storeBrand(const QString& root, const QString& name, const QString& word)
+    {
+        ASSERT_EQ(
+            WriteValue(HKEY_LOCAL_MACHINE, root + QStringLiteral("\\Branding"), name, REG_SZ, word),
+            0);
+    }
+
+    ApplicationOptions m_options;
+};
+
+TEST_F(ApplicationOptionsTest, AnEmptyStoreGivesTheDefaultsAndTheLoadWritesNothing)
+{
+    EXPECT_EQ(m_options.getPollInterval(), 20000);
+    EXPECT_EQ(m_options.getPrintsRemainingInkLowLimit(), -1);
+    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGen/"));
+    SettingsStore::Handle key = 0;
+    EXPECT_EQ(store().openKey(SettingsStore::MachineHive, QStringLiteral("Software"), key),
+              SettingsStore::FileNotFound);
+
+    m_options.saveOptions();
+    EXPECT_EQ(storedOption(QStringLiteral("TreeIconSize")), QVariant(0));
+    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(20000));
+    EXPECT_FALSE(storedOption(QStringLiteral("PrintsRemainingInkLowLimit")).isValid());
+}
+
+TEST_F(ApplicationOptionsTest, TheIntervalIsClampedInMemoryAndSavedOnlyBySave)
+{
+    storeOption(QStringLiteral("PollInterval"), 1000);
+    storeOption(QStringLiteral("TreeIconSize"), 3);
+    storeOption(QStringLiteral("PrintsRemainingInkLowLimit"), 250);
+    EXPECT_EQ(m_options.getPollInterval(), 4000);
+    EXPECT_EQ(m_options.getPrintsRemainingInkLowLimit(), 250);
+    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(1000));
+
+    m_options.saveOptions();
+    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(4000));
+    EXPECT_EQ(storedOption(QStringLiteral("TreeIconSize")), QVariant(3));
+    EXPECT_EQ(storedOption(QStringLiteral("PrintsRemainingInkLowLimit")), QVariant(250));
+
+    storeOption(QStringLiteral("PollInterval"), 100000000);
+    EXPECT_EQ(m_options.getPollInterval(), 65000000); // the save made the next call read anew
+
+    EXPECT_EQ(m_options.setPollIntervalOption(3999), 4000);
+    EXPECT_EQ(m_options.setPollIntervalOption(65000001), 65000000);
+    EXPECT_EQ(m_options.setPollIntervalOption(4500), 4500);
+    EXPECT_EQ(m_options.getPollInterval(), 4500);
+    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(100000000));
+}
+
+TEST_F(ApplicationOptionsTest, AfterASaveTheMessageFolderFollowsTheLanguage)
+{
+    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGen/"));
+    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Orvane\\Common\\Settings"),
+                         QStringLiteral("Language"), REG_SZ, QStringLiteral("de")),
+              0);
+    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGen/"));
+    m_options.saveOptions();
+    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGde/"));
+}
+
+TEST_F(ApplicationOptionsTest, BrandWordsReplaceWithExactCase)
+{
+    const QString orvane = QStringLiteral("SOFTWARE\\Orvane\\Common");
+    storeBrand(orvane, QStringLiteral("Korvex Vigil"), QStringLiteral("Acme Vision"));
+    storeBrand(orvane, QStringLiteral("Korvex"), QStringLiteral("Acme"));
+    storeBrand(orvane, QStringLiteral("Company"), QStringLiteral("Acme Ltd"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex Vigil from Company")),
+              QStringLiteral("Acme Vision from Acme Ltd"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("korvex vigil")),
+              QStringLiteral("korvex vigil"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex printers")),
+              QStringLiteral("Acme printers"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("from Korvex")),
+              QStringLiteral("from Korvex"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex-Drucker")),
+              QStringLiteral("Korvex-Drucker"));
+}
+
+TEST_F(ApplicationOptionsTest, EachBrandWordComesFromTheFirstKeyThatHoldsIt)
+{
+    storeBrand(QStringLiteral("SOFTWARE\\Trellan\\Common"), QStringLiteral("Company"),
+               QStringLiteral("Trellan AG"));
+    // The product name holds the brand word and a blank: the second step rewrites it.
+    storeBrand(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("Korvex Vigil"),
+               QStringLiteral("Korvex Watch"));
+    storeBrand(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("Korvex"),
+               QStringLiteral("Zenith"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex Vigil by Company")),
+              QStringLiteral("Zenith Watch by Trellan AG"));
+
+    // Read once per process: later changes of the store don't reach it.
+    storeBrand(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("Company"),
+               QStringLiteral("Changed"));
+    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Company")), QStringLiteral("Trellan AG"));
+
+    ApplicationOptions unbranded;
+    SettingsStore::install(std::make_shared<SettingsStore>(m_home.filePath("empty.sqlite")));
+    EXPECT_EQ(unbranded.applyBranding(QStringLiteral("Korvex Vigil by Company")),
+              QStringLiteral("Korvex Vigil by Orvane Ltd"));
+}
+
+TEST_F(ApplicationOptionsTest, ErrorBoxesCarryTheContextAndTheBrandedTitle)
+{
+    EXPECT_EQ(GetErrorTitle(QString()), QStringLiteral("Korvex Vigil"));
+    ShowError(QStringLiteral("Disk full - 61"), QStringLiteral("AddInControl - Save"));
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(m_dialogs->boxes()[0].title, QStringLiteral("AddInControl - Save - Korvex Vigil"));
+    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Disk full - 61"));
+    EXPECT_EQ(m_dialogs->boxes()[0].icon, IDialogs::Icon::Warning);
+    EXPECT_EQ(m_dialogs->boxes()[0].buttons, IDialogs::Buttons::Ok);
+}
+
+TEST_F(ApplicationOptionsTest, AStoreThatCannotBeUsedIsNamedOnceAndTheProgramGoesOn)
+{
+    writeFile(QStringLiteral("broken.sqlite"), QByteArray(4096, 'b'));
+    const QString broken = m_home.filePath(QStringLiteral("broken.sqlite"));
+    qputenv("VIGIL_STORE", QFile::encodeName(broken));
+    SettingsStore::install(nullptr);
+
+    EXPECT_EQ(GetPollInterval(), 20000);
+    SaveOptions();
+    EXPECT_EQ(GetPollInterval(), 20000);
+    qunsetenv("VIGIL_STORE");
+
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_TRUE(m_dialogs->boxes()[0].text.contains(broken))
+        << m_dialogs->boxes()[0].text.toStdString();
+    EXPECT_TRUE(m_dialogs->boxes()[0].text.contains(QStringLiteral("not a settings store")));
+}
+} // namespace

@@ -1,0 +1,185 @@
+#include "services/MessageCatalogue.h"
+
+#include "services/PlatformLanguage.h"
+#include "services/SettingsAccess.h"
+#include "support/ServicesFixture.h"
+
+namespace {
+class MessageCatalogueTest : public ServicesFixture
+{
+protected:
+    MessageCatalogue& load(const QByteArray& text)
+    {
+        writeFile(QStringLiteral("file.msg"), text);
+        m_catalogue.loadMessageFile(programFolder() + QLatin1Char('/'), QStringLiteral("file.msg"));
+        return m_catalogue;
+    }
+
+    static void setLanguage(const QString& sharedKey, const QString& code)
+    {
+        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, sharedKey + QStringLiteral("\\Settings"),
+                             QStringLiteral("Language"), REG_SZ, code),
+                  0);
+    }
+
+    MessageCatalogue m_catalogue;
+};
+
+TEST_F(MessageCatalogueTest, LineNumbersAreIdsAndTheTableHasRoomBeyondTheFile)
+{
+    MessageCatalogue& catalogue = load("one\r\ntwo\r\nthree\r\n");
+    EXPECT_EQ(catalogue.getMessage(3), QStringLiteral("three"));
+    // Within the table's room but past the file: empty, even with a default.
+    EXPECT_EQ(catalogue.getMessage(4, QStringLiteral("x")), QString());
+    EXPECT_EQ(catalogue.getMessage(10, QStringLiteral("x")), QString());
+    EXPECT_EQ(catalogue.getMessage(11, QStringLiteral("x")), QStringLiteral("x"));
+    EXPECT_EQ(catalogue.getMessage(0, QStringLiteral("x")), QStringLiteral("x"));
+    EXPECT_EQ(catalogue.getMessage(-2, QStringLiteral("x")), QStringLiteral("x"));
+}
+
+TEST_F(MessageCatalogueTest, NoMessageNeverLoadsTheFile)
+{
+    EXPECT_EQ(m_catalogue.getMessage(-1, QStringLiteral("x")), QStringLiteral("x"));
+    EXPECT_FALSE(m_catalogue.isLoaded());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(MessageCatalogueTest, CommentsEscapesAndEmptyLines)
+{
+    MessageCatalogue& catalogue = load("Open//the file\n"
+                                       "Open   // the file\n"
+                                       "//kept whole\n"
+                                       "\n"
+                                       "a\\nb\n"
+                                       "a\\tb\n"
+                                       "See http://example for more\n"
+                                       "/opt/newfolder\\name\n"
+                                       "LF only\n");
+    EXPECT_EQ(catalogue.getMessage(1), QStringLiteral("Open"));
+    EXPECT_EQ(catalogue.getMessage(2), QStringLiteral("Open"));
+    EXPECT_EQ(catalogue.getMessage(3), QStringLiteral("//kept whole"));
+    EXPECT_EQ(catalogue.getMessage(4), QString());
+    EXPECT_EQ(catalogue.getMessage(5), QStringLiteral("a\r\nb"));
+    EXPECT_EQ(catalogue.getMessage(6), QStringLiteral("a\\tb"));
+    EXPECT_EQ(catalogue.getMessage(7), QStringLiteral("See http:"));
+    // The escape doesn't look at context.
+    EXPECT_EQ(catalogue.getMessage(8),
+              QStringLiteral("/opt/newfolder\\name").replace("\\n", "\r\n"));
+    EXPECT_EQ(catalogue.getMessage(9), QStringLiteral("LF only"));
+}
+
+TEST_F(MessageCatalogueTest, TheTableGrowsByTenBeyondTheLineThatDidNotFit)
+{
+    QByteArray text;
+    for (int line = 1; line <= 11; ++line)
+        text += "line " + QByteArray::number(line) + "\n";
+    MessageCatalogue& catalogue = load(text);
+    EXPECT_EQ(catalogue.capacity(), 21);
+    for (int id = 1; id <= 11; ++id)
+        EXPECT_EQ(catalogue.getMessage(id), QStringLiteral("line %1").arg(id));
+    EXPECT_EQ(catalogue.getMessage(21, QStringLiteral("x")), QString());
+    EXPECT_EQ(catalogue.getMessage(22, QStringLiteral("x")), QStringLiteral("x"));
+}
+
+TEST_F(MessageCatalogueTest, FormatMessageReplacesTheFirstOfEachMarkInTurn)
+{
+    MessageCatalogue& catalogue = load("%2 of %1\n%1 %1\nno marks\n%1 and %10\n%1\n");
+    EXPECT_EQ(catalogue.formatMessage(1, {5, 10}), QStringLiteral("10 of 5"));
+    EXPECT_EQ(catalogue.formatMessage(2, {QStringLiteral("a")}), QStringLiteral("a %1"));
+    EXPECT_EQ(catalogue.formatMessage(3, {1, 2}), QStringLiteral("no marks"));
+    EXPECT_EQ(catalogue.formatMessage(4, {QStringLiteral("x")}), QStringLiteral("x and %10"));
+    // What argument 1 brings in is searched by argument 2's mark.
+    EXPECT_EQ(catalogue.formatMessage(5, {QStringLiteral("%2!"), 4.5}), QStringLiteral("4.5!"));
+    EXPECT_EQ(catalogue.formatMessage(5, {true}), QStringLiteral("True"));
+}
+
+TEST_F(MessageCatalogueTest, BrandWordsAreAppliedToEachLine)
+{
+    const QString branding = QStringLiteral("SOFTWARE\\Orvane\\Common\\Branding");
+    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, branding, QStringLiteral("Korvex Vigil"), REG_SZ,
+                         QStringLiteral("Acme Vision")),
+              0);
+    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, branding, QStringLiteral("Company"), REG_SZ,
+                         QStringLiteral("Acme Ltd")),
+              0);
+    MessageCatalogue& catalogue = load("Korvex Vigil from Company\n");
+    EXPECT_EQ(catalogue.getMessage(1), QStringLiteral("Acme Vision from Acme Ltd"));
+}
+
+TEST_F(MessageCatalogueTest, AMissingFileWarnsOnceAndLeavesEverythingBlank)
+{
+    setLanguage(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("xx"));
+    // The table keeps its first ten empty entries; beyond them the defaults show.
+    EXPECT_EQ(GetMessage(2, QStringLiteral("dflt")), QString());
+    EXPECT_EQ(GetMessage(15), QString());
+    EXPECT_EQ(GetMessage(16, QStringLiteral("dflt")), QStringLiteral("dflt"));
+    EXPECT_EQ(FormatMessage(30, {4, 65000}), QString());
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    const IDialogs::Box& box = m_dialogs->boxes().first();
+    EXPECT_EQ(box.title, QStringLiteral("LoadMessageFile - Korvex Vigil"));
+    EXPECT_TRUE(box.text.endsWith(QStringLiteral("\r\n") + programFolder() + "/MSGxx/Vigil.msg"))
+        << box.text.toStdString();
+    EXPECT_EQ(box.icon, IDialogs::Icon::Warning);
+}
+
+TEST_F(MessageCatalogueTest, TheStoredLanguageComesFirstAndIsOnlyRead)
+{
+    writeMessageFile(QStringLiteral("de"), "Erste\n");
+    writeMessageFile(QStringLiteral("en"), "First\n");
+    qputenv("LANGUAGE", "fr_FR");
+    setLanguage(QStringLiteral("SOFTWARE\\Trellan\\Common"), QStringLiteral("de"));
+    EXPECT_EQ(GetConfiguredLanguage(), QStringLiteral("de"));
+    EXPECT_EQ(GetLanguageFolder(), QStringLiteral("MSGde"));
+    EXPECT_EQ(GetMessage(1), QStringLiteral("Erste"));
+
+    setLanguage(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("en"));
+    EXPECT_EQ(GetConfiguredLanguage(), QStringLiteral("en"));
+    setLanguage(QStringLiteral("SOFTWARE\\Orvane\\Common"), QString());
+    EXPECT_EQ(GetConfiguredLanguage(), QStringLiteral("de"));
+}
+
+TEST_F(MessageCatalogueTest, WithoutAStoredLanguageTheUsersThenTheSystemsThenEnglish)
+{
+    qputenv("LANGUAGE", "de_AT:en");
+    EXPECT_EQ(GetLanguageFolder(), QStringLiteral("MSGde"));
+    // Looking for a stored language wrote nothing.
+    SettingsStore::Handle key = 0;
+    EXPECT_EQ(store().openKey(SettingsStore::MachineHive, QStringLiteral("SOFTWARE"), key),
+              SettingsStore::FileNotFound);
+
+    qunsetenv("LANGUAGE");
+    qputenv("LC_ALL", "sv_SE.UTF-8");
+    EXPECT_EQ(GetLanguageFolder(), QStringLiteral("MSGsv"));
+
+    const quint16 japanese = LanguageIdFromLocaleName(QStringLiteral("ja_JP.UTF-8"));
+    const quint16 french = LanguageIdFromLocaleName(QStringLiteral("fr_FR"));
+    EXPECT_EQ(japanese & 63, 17);
+    EXPECT_EQ(ChooseLanguageCode(QString(), japanese, french), QStringLiteral("fr"));
+    EXPECT_EQ(ChooseLanguageCode(QString(), 0, japanese), QStringLiteral("en"));
+    EXPECT_EQ(ChooseLanguageCode(QStringLiteral("xx"), french, french), QStringLiteral("xx"));
+}
+
+TEST_F(MessageCatalogueTest, LanguageIdsAndLocaleNames)
+{
+    EXPECT_EQ(LanguageCodeFromId(0), QString());
+    EXPECT_EQ(LanguageCodeFromId(0x0407), QStringLiteral("de"));
+    EXPECT_EQ(LanguageCodeFromId(0x0C0C), QStringLiteral("fr"));
+    EXPECT_EQ(LanguageCodeFromId(0x0416), QStringLiteral("pt"));
+    EXPECT_EQ(LanguageCodeFromId(0x0049), QStringLiteral("en")); // only the low six bits count
+    EXPECT_EQ(LanguageCodeFromId(0x0411), QString());
+
+    for (const char* name : {"C", "POSIX", "", "C.UTF-8", "xx_YY"})
+        EXPECT_EQ(LanguageIdFromLocaleName(QLatin1String(name)), 0) << name;
+    EXPECT_EQ(LanguageCodeFromId(LanguageIdFromLocaleName(QStringLiteral("nl_BE@euro"))),
+              QStringLiteral("nl"));
+    EXPECT_EQ(LanguageCodeFromId(LanguageIdFromLocaleName(QStringLiteral("es"))),
+              QStringLiteral("es"));
+
+    EXPECT_EQ(LangFromLocaleConfig(QStringLiteral("#  File generated by update-locale\n"
+                                                  "LANG=\"de_DE.UTF-8\"\nLC_TIME=en_GB\n")),
+              QStringLiteral("de_DE.UTF-8"));
+    EXPECT_EQ(LangFromLocaleConfig(QStringLiteral("export LANG=it_IT.UTF-8\n")),
+              QStringLiteral("it_IT.UTF-8"));
+    EXPECT_EQ(LangFromLocaleConfig(QStringLiteral("LANGUAGE=fr\n# LANG=fr\n")), QString());
+}
+} // namespace

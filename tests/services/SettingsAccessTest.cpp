@@ -1,0 +1,197 @@
+#include "services/SettingsAccess.h"
+
+#include "services/VigilError.h"
+#include "support/ServicesFixture.h"
+
+namespace {
+const QString OptionsKey = QStringLiteral("Software\\Orvane\\Vigil\\Options\\");
+
+class SettingsAccessTest : public ServicesFixture
+{
+protected:
+    bool keyExists(qint32 hive, const QString& path)
+    {
+        SettingsStore::Handle key = 0;
+        const bool found = store().openKey(SettingsStore::Handle(hive), path, key) == 0;
+        if (found)
+            store().closeKey(key);
+        return found;
+    }
+};
+
+TEST_F(SettingsAccessTest, NewerReadTakesTheDefaultAndWritesItBackOnlyWhenAsked)
+{
+    QVariant value;
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
+                              QStringLiteral("PollInterval"), value, 20000, false),
+              0);
+    EXPECT_EQ(value, QVariant(20000));
+    EXPECT_FALSE(keyExists(HKEY_LOCAL_MACHINE, OptionsKey));
+
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
+                              QStringLiteral("PollInterval"), value, 20000, true),
+              0);
+    QVariant stored;
+    ASSERT_EQ(ReadValue(HKEY_LOCAL_MACHINE, OptionsKey, QStringLiteral("pollinterval"), stored), 0);
+    EXPECT_EQ(stored, QVariant(20000));
+
+    // A stored value wins over the default, and texts come back as texts.
+    ASSERT_EQ(WriteValue(HKEY_CURRENT_USER, QStringLiteral("K"), QStringLiteral("T"), REG_SZ,
+                         QStringLiteral("Grüße aus Köln")),
+              0);
+    EXPECT_EQ(TransferValueEx(HKEY_CURRENT_USER, QStringLiteral("K"), TransferRead, REG_SZ,
+                              QStringLiteral("t"), value, QStringLiteral("default"), true),
+              0);
+    EXPECT_EQ(value, QVariant(QStringLiteral("Grüße aus Köln")));
+}
+
+TEST_F(SettingsAccessTest, AValueOfAnotherTypeCountsAsMissing)
+{
+    SettingsStore::Handle key = 0;
+    ASSERT_EQ(store().createKey(SettingsStore::MachineHive, QStringLiteral("K"), key), 0);
+    ASSERT_EQ(store().setValue(key, QStringLiteral("Blob"), 3, QByteArray("\x01\x02", 2)), 0);
+
+    QVariant value;
+    EXPECT_EQ(ApiRegQueryValueExNull(HKEY_LOCAL_MACHINE, QStringLiteral("K"),
+                                     QStringLiteral("Blob"), value),
+              -1);
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("Blob"), value),
+              -1);
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, QStringLiteral("K"), TransferRead, REG_DWORD,
+                              QStringLiteral("Blob"), value, 7, false),
+              0);
+    EXPECT_EQ(value, QVariant(7));
+}
+
+TEST_F(SettingsAccessTest, TheTwoReadsReportAMissingValueDifferently)
+{
+    ASSERT_EQ(CreateKey(QStringLiteral("K"), HKEY_LOCAL_MACHINE), 0);
+    QVariant value = QStringLiteral("untouched");
+    EXPECT_EQ(ApiRegQueryValueExNull(HKEY_LOCAL_MACHINE, QStringLiteral("K"),
+                                     QStringLiteral("None"), value),
+              -1);
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("None"), value),
+              SettingsStore::FileNotFound);
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("NoKey"), QStringLiteral("x"), value),
+              SettingsStore::FileNotFound);
+    EXPECT_EQ(value, QVariant(QStringLiteral("untouched")));
+}
+
+TEST_F(SettingsAccessTest, AnEmptyStoredTextIsTheEmptyText)
+{
+    SettingsStore::Handle key = 0;
+    ASSERT_EQ(store().createKey(SettingsStore::MachineHive, QStringLiteral("K"), key), 0);
+    ASSERT_EQ(store().setValue(key, QStringLiteral("Nul"), REG_SZ, QByteArray(1, '\0')), 0);
+    ASSERT_EQ(store().setValue(key, QStringLiteral("Nothing"), REG_SZ, QByteArray()), 0);
+    QVariant value = QStringLiteral("x");
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("Nul"), value), 0);
+    EXPECT_EQ(value, QVariant(QString()));
+    value = QStringLiteral("x");
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("Nothing"), value),
+              0);
+    EXPECT_EQ(value, QVariant(QString()));
+}
+
+TEST_F(SettingsAccessTest, OlderReadLeavesTheCallersValueUnlessItWritesTheDefault)
+{
+    QVariant value = 42;
+    EXPECT_NE(TransferValue(TransferRead, false, QStringLiteral("Options"),
+                            QStringLiteral("Missing"), REG_DWORD, 7, value, false),
+              0);
+    EXPECT_EQ(value, QVariant(42));
+
+    // Read under another root; the default lands under the default root.
+    EXPECT_EQ(TransferValue(TransferRead, true, QStringLiteral("Section"), QStringLiteral("Name"),
+                            REG_SZ, QStringLiteral("dflt"), value, true,
+                            QStringLiteral("Software\\Elsewhere")),
+              0);
+    EXPECT_EQ(value, QVariant(QStringLiteral("dflt")));
+    QVariant stored;
+    EXPECT_EQ(ReadValue(HKEY_CURRENT_USER, QStringLiteral("Software\\Orvane\\Vigil\\Section"),
+                        QStringLiteral("Name"), stored),
+              0);
+    EXPECT_EQ(stored, QVariant(QStringLiteral("dflt")));
+    EXPECT_FALSE(keyExists(HKEY_CURRENT_USER, QStringLiteral("Software\\Elsewhere")));
+
+    // A write goes to root, backslash, section.
+    value = 5;
+    EXPECT_EQ(TransferValue(TransferWrite, false, QStringLiteral("Options"), QStringLiteral("N"),
+                            REG_DWORD, 0, value, false),
+              0);
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, OptionsKey, QStringLiteral("N"), stored), 0);
+    EXPECT_EQ(stored, QVariant(5));
+}
+
+TEST_F(SettingsAccessTest, ANumberThatIsNotOneRaisesOrShowsTheNewerBox)
+{
+    EXPECT_THROW(WriteValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("N"), REG_DWORD,
+                            QStringLiteral("abc")),
+                 VigilError);
+
+    QVariant value = QStringLiteral("abc");
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, QStringLiteral("K"), TransferWrite, REG_DWORD,
+                              QStringLiteral("N"), value, 0, false),
+              0);
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(m_dialogs->boxes()[0].title, QStringLiteral("TransferValueEx"));
+    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Type mismatch"));
+    EXPECT_TRUE(m_dialogs->boxes()[0].foreground);
+    EXPECT_EQ(value, QVariant(QStringLiteral("abc")));
+
+    // Other types write nothing and succeed.
+    EXPECT_EQ(WriteValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("B"), 3, 1), 0);
+    QVariant stored;
+    EXPECT_NE(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("B"), stored), 0);
+}
+
+TEST_F(SettingsAccessTest, EnumSubKeysListsBehindALeadingEmptyName)
+{
+    QStringList names{QStringLiteral("left alone")};
+    EXPECT_FALSE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("Printers")));
+    EXPECT_EQ(names, QStringList{QStringLiteral("left alone")});
+
+    ASSERT_EQ(CreateKey(DefaultRootKey + QStringLiteral("\\Printers"), HKEY_LOCAL_MACHINE), 0);
+    EXPECT_TRUE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("Printers")));
+    EXPECT_EQ(names, QStringList{QString()});
+
+    for (const char* id : {"ID200001011200", "GP200001011200"})
+        ASSERT_EQ(CreateKey(DefaultRootKey + QStringLiteral("\\Printers\\") + QLatin1String(id),
+                            HKEY_LOCAL_MACHINE),
+                  0);
+    EXPECT_TRUE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("printers")));
+    EXPECT_EQ(names, (QStringList{QString(), "GP200001011200", "ID200001011200"}));
+}
+
+TEST_F(SettingsAccessTest, DeleteKeyTreeRemovesAWholeBranchInOneCall)
+{
+    for (const char* path :
+         {"\\Printers\\GP1\\ID1", "\\Printers\\GP1\\GP2\\ID2", "\\Printers\\ID3"})
+        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, DefaultRootKey + QLatin1String(path),
+                             QStringLiteral("Name"), REG_SZ, QStringLiteral("n")),
+                  0);
+    EXPECT_EQ(DeleteKeyTree(HKEY_LOCAL_MACHINE, QStringLiteral("Printers"), QStringLiteral("GP1")),
+              0);
+    QStringList names;
+    ASSERT_TRUE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("Printers")));
+    EXPECT_EQ(names, (QStringList{QString(), "ID3"}));
+    EXPECT_NE(DeleteKeyTree(HKEY_LOCAL_MACHINE, QStringLiteral("Nowhere"), QStringLiteral("x")), 0);
+}
+
+TEST_F(SettingsAccessTest, WithoutAStoreReadsTakeDefaultsAndWritesFail)
+{
+    const QString notAStore = m_home.filePath(QStringLiteral("junk"));
+    writeFile(QStringLiteral("junk"), QByteArray(8192, 'j'));
+    SettingsStore::install(std::make_shared<SettingsStore>(notAStore));
+
+    QVariant value;
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
+                              QStringLiteral("PollInterval"), value, 20000, true),
+              0);
+    EXPECT_EQ(value, QVariant(20000));
+    EXPECT_NE(
+        WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, QStringLiteral("PollInterval"), REG_DWORD, 5000),
+        0);
+    QStringList names;
+    EXPECT_FALSE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QString()));
+}
+} // namespace

@@ -1,0 +1,20 @@
+#include "support/RecordingDialogs.h"
+
+IDialogs::Answer RecordingDialogs::show(const Box& box)
+{
+    m_boxes.append(box);
+    if (!m_script.empty()) {
+        const Answer answer = m_script.front();
+        m_script.pop_front();
+        return answer;
+    }
+    switch (box.buttons) {
+    case Buttons::YesNo:
+        return Answer::Yes;
+    case Buttons::RetryCancel:
+        return Answer::Retry;
+    case Buttons::Ok:
+        break;
+    }
+    return Answer::Ok;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "services/IDialogs.h"
+
+#include <QList>
+#include <deque>
+
+// Keeps every box shown and answers from a script; with the script used up, it answers Ok,
+// or the first button of a question.
+class RecordingDialogs : public IDialogs
+{
+public:
+    Answer show(const Box& box) override;
+
+    void answerNext(Answer answer) { m_script.push_back(answer); }
+    const QList<Box>& boxes() const { return m_boxes; }
+    void clear() { m_boxes.clear(); }
+
+private:
+    QList<Box> m_boxes;
+    std::deque<Answer> m_script;
+};
