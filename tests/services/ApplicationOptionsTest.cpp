@@ -2,6 +2,7 @@
 
 #include "services/ErrorBox.h"
 #include "services/SettingsAccess.h"
+#include "services/VigilError.h"
 #include "support/ServicesFixture.h"
 
 #include <QFile>
@@ -131,6 +132,16 @@ TEST_F(ApplicationOptionsTest, ErrorBoxesCarryTheContextAndTheBrandedTitle)
     EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Disk full - 61"));
     EXPECT_EQ(m_dialogs->boxes()[0].icon, IDialogs::Icon::Warning);
     EXPECT_EQ(m_dialogs->boxes()[0].buttons, IDialogs::Buttons::Ok);
+
+    // An error trap shows the error's description and number.
+    ShowTrappedError(VigilError(0x80040201, QStringLiteral("clsLBXHandler"),
+                                QStringLiteral("The label application is not running")),
+                     QStringLiteral("AddInControl - UserControl_Initialize"));
+    ASSERT_EQ(m_dialogs->boxes().size(), 2);
+    EXPECT_EQ(m_dialogs->boxes()[1].text,
+              QStringLiteral("The label application is not running - -2147220991"));
+    EXPECT_EQ(m_dialogs->boxes()[1].title,
+              QStringLiteral("AddInControl - UserControl_Initialize - Korvex Vigil"));
 }
 
 TEST_F(ApplicationOptionsTest, AStoreThatCannotBeUsedIsNamedOnceAndTheProgramGoesOn)

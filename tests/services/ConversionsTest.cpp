@@ -1,0 +1,92 @@
+#include "services/Conversions.h"
+
+#include "services/VigilError.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+// The error number ToLong raises for `value`, or 0 when it returns.
+qint32 errorOf(const QVariant& value)
+{
+    try {
+        ToLong(value);
+    } catch (const VigilError& error) {
+        return error.number();
+    }
+    return 0;
+}
+} // namespace
+
+TEST(Conversions, IsNumericAndNumericValue)
+{
+    for (const char* text : {"12", " 12 ", "-3.5", "+.5", "1e3", "2.", "&H1F", "&o17"})
+        EXPECT_TRUE(IsNumeric(QString::fromLatin1(text))) << text;
+    for (const char* text : {"", " ", "abc", "12a", "1.2.3", "-", "&H", "1 2"})
+        EXPECT_FALSE(IsNumeric(QString::fromLatin1(text))) << text;
+
+    EXPECT_EQ(NumericValue(QStringLiteral(" -2.5 ")), -2.5);
+    EXPECT_EQ(NumericValue(QStringLiteral("1e3")), 1000.0);
+    EXPECT_EQ(NumericValue(QStringLiteral("&H1F")), 31.0);
+    EXPECT_EQ(NumericValue(QStringLiteral("&O17")), 15.0);
+    EXPECT_FALSE(NumericValue(QStringLiteral("x")).has_value());
+}
+
+TEST(Conversions, ToLongRoundsHalfToEven)
+{
+    EXPECT_EQ(ToLong(0.5), 0);
+    EXPECT_EQ(ToLong(1.5), 2);
+    EXPECT_EQ(ToLong(2.5), 2);
+    EXPECT_EQ(ToLong(3.5), 4);
+    EXPECT_EQ(ToLong(-2.5), -2);
+    EXPECT_EQ(ToLong(2.6), 3);
+    EXPECT_EQ(ToLong(-2.4), -2);
+    EXPECT_EQ(ToLong(QStringLiteral("2.5")), 2);
+    EXPECT_EQ(ToLong(QStringLiteral(" 17 ")), 17);
+    EXPECT_EQ(ToLong(42), 42);
+}
+
+TEST(Conversions, ToLongOfEmptyAndBoolean)
+{
+    EXPECT_EQ(ToLong(QVariant()), 0);
+    EXPECT_EQ(ToLong(true), -1);
+    EXPECT_EQ(ToLong(false), 0);
+}
+
+TEST(Conversions, ToLongRaisesTypeMismatchAndOverflow)
+{
+    EXPECT_EQ(errorOf(QStringLiteral("abc")), VigilError::TypeMismatch);
+    EXPECT_EQ(errorOf(QString()), VigilError::TypeMismatch);
+    EXPECT_EQ(VigilError::TypeMismatch, 13);
+
+    constexpr qint32 max = std::numeric_limits<qint32>::max();
+    constexpr qint32 min = std::numeric_limits<qint32>::min();
+    EXPECT_EQ(ToLong(double(max)), max);
+    EXPECT_EQ(ToLong(double(min)), min);
+    EXPECT_EQ(ToLong(QStringLiteral("-2147483648")), min);
+    // Rounds to the even neighbour first: -2147483648.5 stays in range, 2147483647.5 doesn't.
+    EXPECT_EQ(ToLong(-2147483648.5), min);
+    EXPECT_EQ(errorOf(2147483647.5), VigilError::Overflow);
+    EXPECT_EQ(errorOf(2147483648.0), VigilError::Overflow);
+    EXPECT_EQ(errorOf(-2147483649.0), VigilError::Overflow);
+    EXPECT_EQ(errorOf(QStringLiteral("2147483648")), VigilError::Overflow);
+    EXPECT_EQ(errorOf(qint64(1) << 32), VigilError::Overflow);
+    EXPECT_EQ(VigilError::Overflow, 6);
+}
+
+TEST(Conversions, TextOf)
+{
+    EXPECT_EQ(TextOf(true), QStringLiteral("True"));
+    EXPECT_EQ(TextOf(false), QStringLiteral("False"));
+    EXPECT_EQ(TextOf(42), QStringLiteral("42"));
+    EXPECT_EQ(TextOf(-7), QStringLiteral("-7"));
+    EXPECT_EQ(TextOf(2.0), QStringLiteral("2"));
+    EXPECT_EQ(TextOf(1234.5), QStringLiteral("1234.5"));
+    EXPECT_EQ(TextOf(-0.25), QStringLiteral("-0.25"));
+    // Fifteen significant digits hide the binary noise.
+    EXPECT_EQ(TextOf(0.1 + 0.2), QStringLiteral("0.3"));
+    EXPECT_EQ(TextOf(1.0 / 3.0), QStringLiteral("0.333333333333333"));
+    EXPECT_EQ(TextOf(123456789012345.0), QStringLiteral("123456789012345"));
+    EXPECT_EQ(TextOf(QStringLiteral("as is")), QStringLiteral("as is"));
+    EXPECT_EQ(TextOf(QVariant()), QString());
+}
