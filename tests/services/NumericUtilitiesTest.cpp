@@ -15,9 +15,6 @@ TEST(NumericUtilities, BoundsAndRaiseToMax)
     EXPECT_EQ(level, 5);
     RaiseToMax(level, 8);
     EXPECT_EQ(level, 8);
-    level = -10;
-    RaiseToMax(level, -4);
-    EXPECT_EQ(level, -4);
 }
 
 TEST(NumericUtilities, BytesToLongIsLittleEndian)

@@ -115,5 +115,4 @@ TEST(TextUtilities, IdPrefixes)
 
     EXPECT_TRUE(IsPrinterId(QStringLiteral("ID0001")));
     EXPECT_FALSE(IsPrinterId(QStringLiteral("GP0001")));
-    EXPECT_FALSE(IsPrinterId(QStringLiteral("I")));
 }
