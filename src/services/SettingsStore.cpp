@@ -221,10 +221,21 @@ QStringList SettingsStore::components(const QString& path)
     return path.split(QLatin1Char('\\'), Qt::SkipEmptyParts);
 }
 
-SettingsStore::OpenKey* SettingsStore::find(Handle key)
+qint32 SettingsStore::lookUp(Handle key, OpenKey*& open)
 {
+    if (!m_db)
+        return BadDatabase;
     const auto it = m_keys.find(key);
-    return it == m_keys.end() ? nullptr : &it.value();
+    open = it == m_keys.end() ? nullptr : &it.value();
+    return open ? Success : InvalidHandle;
+}
+
+QString SettingsStore::pathBelow(const OpenKey& base, const QString& path)
+{
+    QString full = base.path;
+    for (const QString& part : components(path))
+        full += QLatin1Char('\\') + fold(part);
+    return full;
 }
 
 SettingsStore::Handle SettingsStore::addHandle(qint64 id, QString path)
@@ -250,14 +261,10 @@ qint64 SettingsStore::keyIdOf(const QString& path)
 
 qint32 SettingsStore::openKey(Handle parent, const QString& path, Handle& key)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* base = find(parent);
-    if (!base)
-        return InvalidHandle;
-    QString full = base->path;
-    for (const QString& part : components(path))
-        full += QLatin1Char('\\') + fold(part);
+    OpenKey* base = nullptr;
+    if (const qint32 status = lookUp(parent, base))
+        return status;
+    const QString full = pathBelow(*base, path);
     const qint64 id = keyIdOf(full);
     if (id == 0)
         return FileNotFound;
@@ -267,11 +274,9 @@ qint32 SettingsStore::openKey(Handle parent, const QString& path, Handle& key)
 
 qint32 SettingsStore::createKey(Handle parent, const QString& path, Handle& key)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* base = find(parent);
-    if (!base)
-        return InvalidHandle;
+    OpenKey* base = nullptr;
+    if (const qint32 status = lookUp(parent, base))
+        return status;
     const QStringList parts = components(path);
     for (const QString& part : parts)
         if (part.size() > MaxKeyNameLength)
@@ -279,9 +284,7 @@ qint32 SettingsStore::createKey(Handle parent, const QString& path, Handle& key)
 
     qint64 id = base->id;
     QString full = base->path;
-    QString wanted = full;
-    for (const QString& part : parts)
-        wanted += QLatin1Char('\\') + fold(part);
+    const QString wanted = pathBelow(*base, path);
     if (const qint64 existing = keyIdOf(wanted)) {
         key = addHandle(existing, wanted);
         return Success;
@@ -321,11 +324,9 @@ qint32 SettingsStore::createKey(Handle parent, const QString& path, Handle& key)
 qint32 SettingsStore::queryValue(Handle key, const QString& name, quint32& type, QByteArray* data,
                                  quint32& size)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* open = find(key);
-    if (!open)
-        return InvalidHandle;
+    OpenKey* open = nullptr;
+    if (const qint32 status = lookUp(key, open))
+        return status;
     sqlite3_stmt* stmt =
         statement("SELECT type, data FROM store_values WHERE key = ?1 AND folded = ?2");
     if (!stmt)
@@ -355,11 +356,9 @@ qint32 SettingsStore::queryValue(Handle key, const QString& name, quint32& type,
 qint32 SettingsStore::setValue(Handle key, const QString& name, quint32 type,
                                const QByteArray& data)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* open = find(key);
-    if (!open)
-        return InvalidHandle;
+    OpenKey* open = nullptr;
+    if (const qint32 status = lookUp(key, open))
+        return status;
     // The key may have gone meanwhile, deleted here or by another process.
     sqlite3_stmt* stmt = statement(
         "INSERT INTO store_values(key, folded, name, type, data) "
@@ -383,11 +382,9 @@ qint32 SettingsStore::setValue(Handle key, const QString& name, quint32 type,
 
 qint32 SettingsStore::enumKey(Handle key, quint32 index, QString& name)
 {
-    if (!m_db)
-        return BadDatabase;
-    OpenKey* open = find(key);
-    if (!open)
-        return InvalidHandle;
+    OpenKey* open = nullptr;
+    if (const qint32 status = lookUp(key, open))
+        return status;
     // The names are read at the start of an enumeration and whenever this process changed
     // the tree since, so that a walk by index costs one query, not one per subkey.
     if (index == 0 || !open->subKeysLoaded || open->subKeysGeneration != m_treeGeneration) {
@@ -412,14 +409,10 @@ qint32 SettingsStore::enumKey(Handle key, quint32 index, QString& name)
 
 qint32 SettingsStore::deleteKeyTree(Handle key, const QString& subKey)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* open = find(key);
-    if (!open)
-        return InvalidHandle;
-    QString target = open->path;
-    for (const QString& part : components(subKey))
-        target += QLatin1Char('\\') + fold(part);
+    OpenKey* open = nullptr;
+    if (const qint32 status = lookUp(key, open))
+        return status;
+    const QString target = pathBelow(*open, subKey);
     if (target == QLatin1String("HKLM") || target == QLatin1String("HKCU"))
         return AccessDenied;
     if (keyIdOf(target) == 0)
@@ -469,11 +462,9 @@ qint32 SettingsStore::closeKey(Handle key)
 
 qint32 SettingsStore::listValues(Handle key, QList<Value>& values)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* open = find(key);
-    if (!open)
-        return InvalidHandle;
+    OpenKey* open = nullptr;
+    if (const qint32 status = lookUp(key, open))
+        return status;
     sqlite3_stmt* stmt =
         statement("SELECT name, type, data FROM store_values WHERE key = ?1 ORDER BY folded");
     if (!stmt)
@@ -493,11 +484,9 @@ qint32 SettingsStore::listValues(Handle key, QList<Value>& values)
 
 qint32 SettingsStore::deleteValue(Handle key, const QString& name)
 {
-    if (!m_db)
-        return BadDatabase;
-    const OpenKey* open = find(key);
-    if (!open)
-        return InvalidHandle;
+    OpenKey* open = nullptr;
+    if (const qint32 status = lookUp(key, open))
+        return status;
     sqlite3_stmt* stmt = statement("DELETE FROM store_values WHERE key = ?1 AND folded = ?2");
     if (!stmt)
         return BadDatabase;

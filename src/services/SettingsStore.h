@@ -126,7 +126,9 @@ private:
     sqlite3_stmt* statement(const char* sql);
     QString lastError() const;
 
-    OpenKey* find(Handle key);
+    // The open key behind a handle, or the status that says why there is none.
+    qint32 lookUp(Handle key, OpenKey*& open);
+    static QString pathBelow(const OpenKey& base, const QString& path);
     Handle addHandle(qint64 id, QString path);
     static QStringList components(const QString& path);
     static QString fold(const QString& text);
