@@ -24,3 +24,11 @@ void ShowTrappedError(const VigilError& error, const QString& context)
     ShowError(error.description() + QStringLiteral(" - ") + QString::number(error.number()),
               context);
 }
+
+void ShowTrappedError(const std::exception& error, const QString& context)
+{
+    if (const auto* ours = dynamic_cast<const VigilError*>(&error))
+        ShowTrappedError(*ours, context);
+    else
+        ShowError(QString::fromLocal8Bit(error.what()) + QStringLiteral(" - 0"), context);
+}

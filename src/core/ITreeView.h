@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+
+// The tree of groups and printers as the window shows it. Items are known by key, the
+// node's id; the view holds no data of its own beyond what is drawn.
+class ITreeView
+{
+public:
+    virtual ~ITreeView() = default;
+
+    virtual void clear() = 0;
+    // Adds an item below `parentKey`, or at the top when it is empty. False when the key is
+    // taken or the parent is missing.
+    virtual bool addItem(const QString& parentKey, const QString& key, const QString& text,
+                         qint32 image) = 0;
+    virtual void removeItem(const QString& key) = 0;
+    virtual bool hasItem(const QString& key) const = 0;
+    virtual QString itemText(const QString& key) const = 0;
+    virtual void setItemText(const QString& key, const QString& text) = 0;
+    virtual void setItemColours(const QString& key, quint32 background, quint32 text) = 0;
+    virtual QString selectedKey() const = 0;
+    virtual void selectItem(const QString& key) = 0;
+    virtual void expandItem(const QString& key) = 0;
+    virtual void setVisible(bool visible) = 0;
+};
+
+// One item of the view, as GetTreeNode hands it out.
+class TreeItem
+{
+public:
+    TreeItem(ITreeView& view, QString key)
+        : m_view(view)
+        , m_key(std::move(key))
+    {}
+
+    const QString& Key() const { return m_key; }
+    QString Text() const { return m_view.itemText(m_key); }
+    void setText(const QString& text) { m_view.setItemText(m_key, text); }
+    void setColours(quint32 background, quint32 text)
+    {
+        m_view.setItemColours(m_key, background, text);
+    }
+
+private:
+    ITreeView& m_view;
+    QString m_key;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/ITimer.h"
+
+#include <QTimer>
+
+// The timer of the program, headless or with a window: a QTimer on the event loop's thread.
+class QtTimer : public ITimer
+{
+public:
+    QtTimer(qint32 interval, bool enabled);
+
+    qint32 interval() const override { return m_timer.interval(); }
+    void setInterval(qint32 milliseconds) override;
+    bool isEnabled() const override { return m_bEnabled; }
+    void setEnabled(bool enabled) override;
+    void onTick(std::function<void()> tick) override { m_tick = std::move(tick); }
+
+private:
+    void apply();
+
+    QTimer m_timer;
+    bool m_bEnabled = false;
+    std::function<void()> m_tick;
+};

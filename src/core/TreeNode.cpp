@@ -1,0 +1,8 @@
+#include "core/TreeNode.h"
+
+#include "services/TextUtilities.h"
+
+bool TreeNode::isGroup() const
+{
+    return IsGroupId(m_sID);
+}

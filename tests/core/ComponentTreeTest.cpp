@@ -1,0 +1,158 @@
+#include "core/ErrorColours.h"
+#include "core/GroupHandler.h"
+#include "core/TreeFixture.h"
+
+namespace {
+using ComponentTreeTest = TreeFixture;
+
+TEST_F(ComponentTreeTest, AGroupsStateIsItsWorstChildAndDisabledOutranksAFault)
+{
+    clsComponents& root = *g_oComponents;
+    EXPECT_TRUE(root.Disabled()); // an empty group
+    EXPECT_EQ(root.GetErrorState(), StateGood);
+
+    auto a = printer("ID1", "Line 1", root);
+    auto lines = group("GP1", "Lines", root);
+    auto b = printer("ID2", "Line 2", *lines);
+    handlerOf(*a).state = StateFault;
+    EXPECT_EQ(root.GetErrorState(), StateFault);
+    b->setDisabled(true);
+    EXPECT_FALSE(root.Disabled());
+    EXPECT_EQ(root.GetErrorState(), StateDisabled);
+    root.setDisabled(true);
+    EXPECT_TRUE(root.Disabled());
+    EXPECT_TRUE(a->Disabled());
+    // A group's colour is always that of a good state.
+    EXPECT_EQ(root.GetErrorColour(TreePalette, true), LookUpColour(StateGood, TreePalette, true));
+}
+
+TEST_F(ComponentTreeTest, FindingNodesByIdAndName)
+{
+    clsComponents& root = *g_oComponents;
+    auto outer = group("GP1", "Outer", root);
+    auto inner = group("GP2", "Inner", *outer);
+    auto deep = printer("ID3", "Deep", *inner);
+    auto empty = group("GP4", "Empty", root);
+    root.CreateUI();
+
+    EXPECT_EQ(root.Find("GPRoot"), &root);
+    EXPECT_EQ(root.Find("ID3"), deep.get());
+    EXPECT_EQ(root.Find("IDGPRoot"), nullptr); // the dashboard node is no child
+    EXPECT_EQ(root.FindParent("ID3"), inner.get());
+    EXPECT_EQ(root.FindParent("GPRoot"), nullptr);
+    EXPECT_EQ(root.FindPrinter("Deep"), deep.get());
+    EXPECT_EQ(root.FindPrinter("Outer"), nullptr);
+    EXPECT_TRUE(outer->Contains("ID"));
+    EXPECT_FALSE(empty->Contains("ID"));
+    EXPECT_TRUE(root.UniqueGroupName("outer"));
+    EXPECT_FALSE(root.UniqueGroupName("Outer"));
+    EXPECT_TRUE(root.UniqueGroupName("Inner")); // other levels don't count
+    EXPECT_THROW(root.Item(QStringLiteral("GP9")), VigilError);
+}
+
+TEST_F(ComponentTreeTest, AWalkPollsEachChildThenTheDashboardWithTheGroupsName)
+{
+    clsComponents& root = *g_oComponents;
+    auto a = printer("ID1", "Line 1", root);
+    auto b = printer("ID2", "Line 2", root);
+    root.CreateUI();
+    root.m_sName = QStringLiteral("Renamed");
+    root.Process();
+    EXPECT_TRUE(handlerOf(*a).calls.contains("Process Line 1"));
+    EXPECT_TRUE(handlerOf(*b).calls.contains("Process Line 2"));
+    auto* dashboard = qobject_cast<GroupHandler*>(root.DisplayComponent()->GetComponent());
+    ASSERT_NE(dashboard, nullptr);
+    EXPECT_EQ(dashboard->m_sName, QStringLiteral("Renamed"));
+
+    root.ProcessTimeout(4);
+    EXPECT_TRUE(handlerOf(*b).calls.contains("ProcessTimeout 4"));
+}
+
+TEST_F(ComponentTreeTest, AWalkStopsWhenTheControlGoesDownInMidWalk)
+{
+    clsComponents& root = *g_oComponents;
+    auto a = printer("ID1", "A", root);
+    auto b = printer("ID2", "B", root);
+    auto c = printer("ID3", "C", root);
+    root.CreateUI();
+    int dashboardUpdates = 0;
+    QObject::connect(root.DisplayComponent(), &clsComponent::StatusChanged,
+                     [&dashboardUpdates] { ++dashboardUpdates; });
+    QObject::connect(a.get(), &clsComponent::StatusChanged, [] { g_bExiting = true; });
+    root.Process();
+    EXPECT_TRUE(handlerOf(*a).calls.contains("Process A"));
+    EXPECT_FALSE(handlerOf(*b).calls.contains("Process B"));
+    EXPECT_FALSE(handlerOf(*c).calls.contains("Process C"));
+    EXPECT_EQ(dashboardUpdates, 0);
+}
+
+TEST_F(ComponentTreeTest, AChildRemovedInMidWalkIsSkippedSafely)
+{
+    clsComponents& root = *g_oComponents;
+    auto a = printer("ID1", "A", root);
+    printer("ID2", "B", root);
+    auto c = printer("ID3", "C", root);
+    // As a queue event arriving while a box is open in the first child's poll would.
+    QObject::connect(a.get(), &clsComponent::StatusChanged, [&root] {
+        if (root.Find("ID2"))
+            root.Remove(QStringLiteral("ID2"));
+    });
+    root.Process();
+    EXPECT_EQ(root.Count(), 2);
+    EXPECT_TRUE(handlerOf(*c).calls.contains("Process C"));
+}
+
+TEST_F(ComponentTreeTest, DeleteTakesTheWholeBranchAndTellsEachPrinter)
+{
+    clsComponents& root = *g_oComponents;
+    auto outer = group("GP1", "Outer", root);
+    auto p1 = printer("ID1", "One", *outer);
+    auto p2 = printer("ID2", "Two", *outer);
+    auto inner = group("GP2", "Inner", *outer);
+    auto p3 = printer("ID3", "Three", *inner);
+    auto kept = printer("ID4", "Kept", root);
+
+    root.Delete(QStringLiteral("GP1"));
+    EXPECT_EQ(root.Count(), 1);
+    EXPECT_EQ(outer->Count(), 0);
+    for (const auto& node : {p1, p2, p3})
+        EXPECT_TRUE(handlerOf(*node).calls.contains("Delete")) << node->m_sName.toStdString();
+
+    root.Remove(QStringLiteral("ID4"));
+    EXPECT_FALSE(handlerOf(*kept).calls.contains("Delete"));
+    EXPECT_THROW(root.Remove(QStringLiteral("ID4")), VigilError);
+}
+
+TEST_F(ComponentTreeTest, SyncTimeReachesEveryPrinterBelow)
+{
+    clsComponents& root = *g_oComponents;
+    auto lines = group("GP1", "Lines", root);
+    auto p = printer("ID1", "One", *lines);
+    const QDateTime when(QDate(2026, 11, 22), QTime(6, 30));
+    root.SyncTime(when);
+    EXPECT_TRUE(handlerOf(*p).calls.contains("SyncTime 2026-11-22T06:30:00"));
+}
+
+TEST_F(ComponentTreeTest, GroupTextShowsTheAssignedFileName)
+{
+    clsComponents group;
+    group.m_sName = QStringLiteral("Packing");
+    EXPECT_EQ(group.TreeText(), QStringLiteral("Packing"));
+    EXPECT_EQ(group.IconText(), QString());
+}
+
+TEST(ErrorColours, ThePalettes)
+{
+    EXPECT_EQ(LookUpColour(StateNoAnswer, TreePalette, false), 0x80000005u);
+    EXPECT_EQ(LookUpColour(StateGood, TreePalette, true), Rgb(0, 178, 0));
+    EXPECT_EQ(LookUpColour(StateWarning, TreePalette, false), Rgb(255, 255, 0));
+    EXPECT_EQ(LookUpColour(StateFault, TreePalette, true), Rgb(255, 255, 255));
+    EXPECT_EQ(LookUpColour(StateDisabled, TreePalette, true), 0x80000011u);
+    EXPECT_EQ(LookUpColour(StateGood, DashboardPalette, false), Rgb(0, 255, 0));
+    EXPECT_EQ(LookUpColour(StateNoAnswer, DashboardPalette, false), 0x8000000Fu);
+    EXPECT_EQ(LookUpColour(StatePortBusy, DashboardPalette, true), 0u);
+    EXPECT_EQ(LookUpColour(StatePortBusy, 7, false), Rgb(255, 0, 0)); // any other view: tree
+    EXPECT_EQ(LookUpColour(6, TreePalette, false), 0u);
+    EXPECT_EQ(LookUpColour(-1, DashboardPalette, true), 0u);
+}
+} // namespace
