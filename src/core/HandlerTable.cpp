@@ -1,6 +1,7 @@
 #include "core/HandlerTable.h"
 
 #include "core/GroupHandler.h"
+#include "drivers/clsLBXPrinterHandler.h"
 
 #include <QList>
 #include <algorithm>
@@ -22,10 +23,11 @@ template <typename Handler> HandlerTable::Factory make()
 
 QList<HandlerClass>& classes()
 {
-    // The printer kinds come with their drivers; until one is here, its numbers fall to the
-    // next class that claims them.
+    // The Domino and Avery kinds come with their drivers, at ranks 2 to 4; until one is
+    // here, its numbers fall to the local label printer.
     static QList<HandlerClass> table = {
         {1, QStringLiteral("GroupHandler"), make<GroupHandler>()},
+        {5, QStringLiteral("clsLBXPrinterHandler"), make<clsLBXPrinterHandler>()},
     };
     return table;
 }

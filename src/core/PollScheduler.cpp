@@ -3,8 +3,6 @@
 #include "services/ApplicationOptions.h"
 #include "services/ErrorBox.h"
 
-#include <cmath>
-
 PollScheduler::PollScheduler(ITimer& timer1, ITimer& tmrTimeout, Hooks hooks)
     : m_timer1(timer1)
     , m_tmrTimeout(tmrTimeout)
@@ -12,6 +10,13 @@ PollScheduler::PollScheduler(ITimer& timer1, ITimer& tmrTimeout, Hooks hooks)
 {
     m_timer1.onTick([this] { Timer1_Timer(); });
     m_tmrTimeout.onTick([this] { tmrTimeout_Timer(); });
+}
+
+PollScheduler::~PollScheduler()
+{
+    // A tick that comes after us must find nothing to call.
+    m_timer1.onTick({});
+    m_tmrTimeout.onTick({});
 }
 
 void PollScheduler::UpdatePollInterval()
@@ -25,7 +30,7 @@ void PollScheduler::UpdatePollInterval()
 
 void PollScheduler::SetPollInterval(qint32 interval)
 {
-    // A change restarts the period but never starts a stopped timer.
+    // Stopping restarts the period; putting the old state back never starts a stopped timer.
     const bool wasEnabled = m_timer1.isEnabled();
     m_timer1.setEnabled(false);
     m_lPollInterval = interval;
@@ -39,10 +44,8 @@ void PollScheduler::SetPollInterval(qint32 interval)
     m_timer1.setEnabled(wasEnabled);
 }
 
-bool PollScheduler::waitsOutASlice()
+bool PollScheduler::nextSlice()
 {
-    if (m_lRemainingInterval < 0)
-        return false;
     if (m_lPollInterval >= Slice && m_lRemainingInterval != 0) {
         if (m_lRemainingInterval < LastSliceLimit) {
             m_timer1.setInterval(m_lRemainingInterval);
@@ -51,59 +54,81 @@ bool PollScheduler::waitsOutASlice()
             m_lRemainingInterval -= Slice;
             m_timer1.setInterval(Slice);
         }
-        return true;
+        return false;
     }
     if (m_lPollInterval >= Slice) {
         m_lRemainingInterval = m_lPollInterval - Slice;
         m_timer1.setInterval(Slice);
     } else {
+        // Also the first tick at start-up, with no interval applied yet.
         m_lRemainingInterval = -1;
         m_timer1.setInterval(m_lPollInterval);
     }
-    return false;
+    return true;
+}
+
+bool PollScheduler::checkExit() const
+{
+    return m_hooks.checkExit && m_hooks.checkExit();
 }
 
 void PollScheduler::Timer1_Timer()
 {
-    // A failure between stopping the timers and starting them again leaves them stopped.
     RunTrapped(QStringLiteral("AddInControl - Timer1_Timer"), [this] {
-        if (waitsOutASlice())
+        if (m_lRemainingInterval >= 0 && !nextSlice())
             return;
-        if (m_hooks.checkExit())
+        if (checkExit())
             return;
+        // Both timers stay stopped during the walk, so walks never overlap and no tick piles
+        // up behind a slow walk or an open box. A failure before they start again leaves
+        // them stopped: polling ends there.
         m_timer1.setEnabled(false);
         m_tmrTimeout.setEnabled(false);
-        const qint32 poll = GetPollInterval();
-        m_tmrTimeout.setInterval(poll - TimeoutLead >= LongestTimeoutPeriod ? LongestTimeoutPeriod
-                                                                            : poll - TimeoutLead);
+        m_tmrTimeout.setInterval(timeoutPeriod(GetPollInterval()));
         ProcessComponents();
         m_tmrTimeout.setEnabled(true);
         m_timer1.setEnabled(true);
-        m_hooks.checkExit();
-    });
-}
-
-qint16 PollScheduler::TimeoutSeconds(qint32 pollInterval)
-{
-    if (pollInterval >= LongestTimeoutPeriod)
-        return 5;
-    // Halves go to the even neighbour: 4500 ms gives 4.
-    return qint16(std::nearbyint(pollInterval / 1000.0 - 1));
-}
-
-void PollScheduler::tmrTimeout_Timer()
-{
-    RunTrapped(QStringLiteral("tmrTimeout_Timer"), [this] {
-        const qint16 seconds = TimeoutSeconds(GetPollInterval());
-        if (!m_bPollingDisabled)
-            m_hooks.processTimeout(seconds);
+        checkExit();
     });
 }
 
 void PollScheduler::ProcessComponents()
 {
     RunTrapped(QStringLiteral("AddInControl - ProcessComponents"), [this] {
-        if (!m_bPollingDisabled)
+        if (!m_bPollingDisabled && m_hooks.process)
             m_hooks.process();
     });
+}
+
+void PollScheduler::tmrTimeout_Timer()
+{
+    RunTrapped(QStringLiteral("tmrTimeout_Timer"), [this] {
+        const qint16 seconds = timeoutSeconds(GetPollInterval());
+        if (!m_bPollingDisabled && m_hooks.processTimeout)
+            m_hooks.processTimeout(seconds);
+    });
+}
+
+qint32 PollScheduler::timeoutPeriod(qint32 pollInterval)
+{
+    const qint32 period = pollInterval - TimeoutLead;
+    return period >= LongestTimeoutPeriod ? LongestTimeoutPeriod : period;
+}
+
+// pollInterval / 1000 - 1, halves to the even neighbour (4500 ms gives 4). In whole
+// milliseconds, so that no floating rounding mode decides the half.
+qint16 PollScheduler::timeoutSeconds(qint32 pollInterval)
+{
+    if (pollInterval >= LongestTimeoutPeriod)
+        return LongestTimeoutSeconds;
+    const qint64 milliseconds = qint64(pollInterval) - 1000;
+    qint64 seconds = milliseconds / 1000;
+    qint64 rest = milliseconds % 1000;
+    if (rest < 0) {
+        --seconds;
+        rest += 1000;
+    }
+    if (rest > 500 || (rest == 500 && seconds % 2 != 0))
+        ++seconds;
+    return qint16(seconds);
 }

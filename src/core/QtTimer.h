@@ -8,13 +8,17 @@
 class QtTimer : public ITimer
 {
 public:
-    QtTimer(qint32 interval, bool enabled);
+    explicit QtTimer(qint32 interval = 0, bool enabled = false);
+    Q_DISABLE_COPY_MOVE(QtTimer)
 
     qint32 interval() const override { return m_timer.interval(); }
     void setInterval(qint32 milliseconds) override;
     bool isEnabled() const override { return m_bEnabled; }
     void setEnabled(bool enabled) override;
     void onTick(std::function<void()> tick) override { m_tick = std::move(tick); }
+
+    // Whether the QTimer itself runs: the timer is enabled and has a period.
+    bool isActive() const { return m_timer.isActive(); }
 
 private:
     void apply();

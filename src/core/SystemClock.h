@@ -2,8 +2,9 @@
 
 #include "core/IClock.h"
 
+// The workstation's own clock, in local time.
 class SystemClock : public IClock
 {
 public:
-    QDateTime now() const override { return QDateTime::currentDateTime(); }
+    QDateTime now() const override;
 };

@@ -120,14 +120,4 @@ TEST_F(ComponentNodeTest, StoredSettingsReuseFreedRows)
     EXPECT_EQ(node.GetStoredSettingByIdx(3, false), QString());
 }
 
-TEST_F(ComponentNodeTest, ANodeWithoutAClaimingHandlerRaisesOnAPoll)
-{
-    clsComponent node;
-    node.m_lRemoteObjectPrinterNumber = 1234;
-    EXPECT_EQ(node.GetComponent(), nullptr);
-    EXPECT_THROW(node.Process(), VigilError);
-    EXPECT_EQ(node.GetErrorState(), StateNoAnswer);
-    EXPECT_EQ(node.LBXPrinterType(), 0);
-    EXPECT_EQ(node.GetIconIndex(3), 0);
-}
 } // namespace

@@ -6,26 +6,87 @@
 #include "support/FakeTimer.h"
 #include "support/ServicesFixture.h"
 
+#include <stdexcept>
+
 namespace {
+// A fake timer that can be made to refuse a new period.
+class BrittleTimer : public FakeTimer
+{
+public:
+    using FakeTimer::FakeTimer;
+    void setInterval(qint32 milliseconds) override
+    {
+        if (failing)
+            throw VigilError(380, QStringLiteral("Timer"),
+                             QStringLiteral("Invalid property value"));
+        FakeTimer::setInterval(milliseconds);
+    }
+    bool failing = false;
+};
+
+// A scheduler on the control's two timers, with their design values, and hooks that note
+// what a tick asks of the control and the tree.
+class Rig
+{
+public:
+    Rig()
+        : scheduler(timer1, tmrTimeout,
+                    {[this] {
+                         exitChecks.append(timer1.isEnabled());
+                         return exiting;
+                     },
+                     [this] {
+                         ++walks;
+                         timersDuringWalk = timer1.isEnabled() || tmrTimeout.isEnabled();
+                         if (walk)
+                             walk();
+                     },
+                     [this](qint16 s) {
+                         seconds.append(s);
+                         if (timeoutWalk)
+                             timeoutWalk();
+                     }})
+    {}
+
+    // Start-up: the direct tick at the end of loading the tree, then the stored interval.
+    void start()
+    {
+        scheduler.Timer1_Timer();
+        scheduler.UpdatePollInterval();
+    }
+    // Fires Timer1 and tells whether the tick walked the tree.
+    bool tick()
+    {
+        const int before = walks;
+        timer1.fire();
+        return walks > before;
+    }
+    // Ticks until a walk; answers how many ticks that took.
+    int cycle()
+    {
+        for (int ticks = 1; ticks <= 1000; ++ticks) {
+            if (tick())
+                return ticks;
+        }
+        return -1;
+    }
+
+    BrittleTimer timer1{200, false};
+    BrittleTimer tmrTimeout{0, false};
+    bool exiting = false;
+    std::function<void()> walk;
+    std::function<void()> timeoutWalk;
+    int walks = 0;
+    bool timersDuringWalk = false;
+    // Timer1's enabled state at each CheckExit.
+    QList<bool> exitChecks;
+    QList<qint16> seconds;
+    PollScheduler scheduler;
+};
+
 class PollSchedulerTest : public ServicesFixture
 {
 protected:
-    void SetUp() override
-    {
-        ServicesFixture::SetUp();
-        m_scheduler = std::make_unique<PollScheduler>(
-            m_timer1, m_timeout,
-            PollScheduler::Hooks{[this] { return m_exiting; },
-                                 [this] {
-                                     ++m_walks;
-                                     if (m_failWalk)
-                                         throw VigilError(91, "clsComponents", "Object not set");
-                                 },
-                                 [this](qint16 seconds) {
-                                     m_timeoutSeconds.append(seconds);
-                                 }});
-    }
-
     static void setOption(qint32 milliseconds)
     {
         ASSERT_EQ(
@@ -33,189 +94,292 @@ protected:
         ApplicationOptions::process() = ApplicationOptions();
     }
 
-    // Start-up: the first direct tick with both fields 0, then the stored interval.
-    void start(qint32 milliseconds)
-    {
-        setOption(milliseconds);
-        m_scheduler->Timer1_Timer();
-        m_scheduler->UpdatePollInterval();
-    }
-
-    // Fires Timer1 and tells whether the tick walked the tree.
-    bool tick()
-    {
-        const int before = m_walks;
-        m_timer1.fire();
-        return m_walks > before;
-    }
-
-    FakeTimer m_timer1{200, false};
-    FakeTimer m_timeout{0, false};
-    std::unique_ptr<PollScheduler> m_scheduler;
-    bool m_exiting = false;
-    bool m_failWalk = false;
-    int m_walks = 0;
-    QList<qint16> m_timeoutSeconds;
+    QString boxTitle(qsizetype index) const { return m_dialogs->boxes().value(index).title; }
+    QString boxText(qsizetype index) const { return m_dialogs->boxes().value(index).text; }
 };
 
-TEST_F(PollSchedulerTest, TheFirstTickAtStartUpPollsAndStartsBothTimers)
+TEST_F(PollSchedulerTest, StartUpPollsOnceThenAppliesTheStoredIntervalWhenItDiffers)
 {
     setOption(20000);
-    m_scheduler->Timer1_Timer();
-    EXPECT_EQ(m_walks, 1);
-    EXPECT_TRUE(m_timer1.isEnabled());
-    EXPECT_TRUE(m_timeout.isEnabled());
-    EXPECT_EQ(m_timeout.interval(), 5000);
-    EXPECT_EQ(m_scheduler->remainingInterval(), -1);
+    Rig rig;
+    rig.scheduler.Timer1_Timer();
+    EXPECT_EQ(rig.walks, 1);
+    EXPECT_FALSE(rig.timersDuringWalk);
+    EXPECT_EQ(rig.exitChecks, (QList<bool>{false, true})); // before the walk and after it
+    EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
+    EXPECT_EQ(rig.timer1.interval(), 0); // no interval applied yet
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
+    EXPECT_EQ(rig.tmrTimeout.interval(), 5000);
 
-    m_scheduler->UpdatePollInterval();
-    EXPECT_EQ(m_timer1.interval(), 20000);
-    EXPECT_EQ(m_scheduler->pollInterval(), 20000);
-    const int restarts = m_timer1.restarts();
-    m_scheduler->UpdatePollInterval(); // the same option: nothing to do
-    EXPECT_EQ(m_timer1.restarts(), restarts);
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_EQ(rig.scheduler.pollInterval(), 20000);
+    EXPECT_EQ(rig.timer1.interval(), 20000);
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    const int restarts = rig.timer1.restarts();
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_EQ(rig.timer1.restarts(), restarts);
+
+    setOption(30000);
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_EQ(rig.timer1.interval(), 30000);
+    EXPECT_EQ(rig.timer1.restarts(), restarts + 1);
+    EXPECT_TRUE(rig.tick());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(PollSchedulerTest, AChangeOfIntervalNeverStartsAStoppedTimer)
+{
+    setOption(200000);
+    Rig rig;
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_FALSE(rig.timer1.isEnabled());
+    EXPECT_EQ(rig.timer1.interval(), 65000);
+    EXPECT_EQ(rig.scheduler.remainingInterval(), 135000);
+    EXPECT_EQ(rig.timer1.restarts(), 0);
 }
 
 TEST_F(PollSchedulerTest, IntervalsUpToOneSlicePollOnEveryTick)
 {
-    start(65000);
-    EXPECT_EQ(m_timer1.interval(), 65000);
-    EXPECT_EQ(m_scheduler->remainingInterval(), -1);
-    EXPECT_TRUE(tick());
-    EXPECT_TRUE(tick());
+    for (const qint32 interval : {4000, 20000, 65000}) {
+        setOption(interval);
+        Rig rig;
+        rig.start();
+        EXPECT_EQ(rig.timer1.interval(), interval);
+        EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_TRUE(rig.tick()) << interval;
+        EXPECT_FALSE(rig.timersDuringWalk) << interval;
+        EXPECT_EQ(rig.timer1.interval(), interval);
+        EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
+    }
 }
 
 TEST_F(PollSchedulerTest, LongIntervalsAreWaitedOutInSlices)
 {
-    start(65001);
-    EXPECT_EQ(m_scheduler->remainingInterval(), 1);
-    EXPECT_FALSE(tick());
-    EXPECT_EQ(m_timer1.interval(), 1);
-    EXPECT_EQ(m_scheduler->remainingInterval(), 0);
-    EXPECT_TRUE(tick());
-    EXPECT_EQ(m_timer1.interval(), 65000);
-    EXPECT_EQ(m_scheduler->remainingInterval(), 1);
-
-    start(130000);
-    EXPECT_EQ(m_scheduler->remainingInterval(), 65000);
-    EXPECT_FALSE(tick());
-    EXPECT_EQ(m_timer1.interval(), 65000);
-    EXPECT_EQ(m_scheduler->remainingInterval(), 0);
-    EXPECT_TRUE(tick());
-
-    start(200000);
-    QList<qint32> periods;
-    QList<bool> polled;
-    for (int i = 0; i < 4; ++i) {
-        polled.append(tick());
-        periods.append(m_timer1.interval());
+    const struct
+    {
+        qint32 interval;
+        QList<bool> polls;
+        // Timer1's period and what is left to wait, after each tick.
+        QList<qint32> periods;
+        QList<qint32> remaining;
+    } cases[] = {
+        {65001, {false, true}, {1, 65000}, {0, 1}},
+        {130000, {false, true}, {65000, 65000}, {0, 65000}},
+        {200000,
+         {false, false, false, true},
+         {65000, 65000, 5000, 65000},
+         {70000, 5000, 0, 135000}},
+    };
+    for (const auto& c : cases) {
+        setOption(c.interval);
+        Rig rig;
+        rig.start();
+        ASSERT_EQ(rig.timer1.interval(), 65000) << c.interval;
+        EXPECT_EQ(rig.scheduler.remainingInterval(), c.interval - 65000) << c.interval;
+        for (int round = 0; round < 2; ++round) {
+            QList<bool> polls;
+            QList<qint32> periods;
+            QList<qint32> remaining;
+            for (qsizetype i = 0; i < c.polls.size(); ++i) {
+                polls.append(rig.tick());
+                periods.append(rig.timer1.interval());
+                remaining.append(rig.scheduler.remainingInterval());
+            }
+            EXPECT_EQ(polls, c.polls) << c.interval;
+            EXPECT_EQ(periods, c.periods) << c.interval;
+            EXPECT_EQ(remaining, c.remaining) << c.interval;
+        }
+        // A tick that only waits asks nothing of the control.
+        EXPECT_EQ(rig.exitChecks.size(), 2 + 2 * 2) << c.interval;
     }
-    EXPECT_EQ(polled, (QList<bool>{false, false, false, true}));
-    EXPECT_EQ(periods, (QList<qint32>{65000, 65000, 5000, 65000}));
 }
 
 TEST_F(PollSchedulerTest, TimeoutPeriodAndSecondsFollowThePollInterval)
 {
     const struct
     {
-        qint32 poll;
+        qint32 interval;
         qint32 period;
         qint16 seconds;
-    } cases[] = {{4000, 3500, 3}, {4500, 4000, 4}, {5000, 4500, 5},
-                 {5499, 4999, 5}, {5500, 5000, 5}, {20000, 5000, 5}};
+    } cases[] = {{4000, 3500, 3},  {4499, 3999, 3},  {4500, 4000, 4}, {4999, 4499, 4},
+                 {5000, 4500, 5},  {5250, 4750, 5},  {5499, 4999, 5}, {5500, 5000, 5},
+                 {20000, 5000, 5}, {200000, 5000, 5}};
     for (const auto& c : cases) {
-        start(c.poll);
-        ASSERT_TRUE(tick()) << c.poll;
-        EXPECT_EQ(m_timeout.interval(), c.period) << c.poll;
-        m_timeoutSeconds.clear();
-        m_timeout.fire();
-        EXPECT_EQ(m_timeoutSeconds, QList<qint16>{c.seconds}) << c.poll;
+        setOption(c.interval);
+        Rig rig;
+        rig.start();
+        rig.tmrTimeout.setInterval(1);
+        ASSERT_GT(rig.cycle(), 0) << c.interval;
+        EXPECT_EQ(rig.tmrTimeout.interval(), c.period) << c.interval;
+        // It doesn't stop itself: every firing until the next poll goes down the tree.
+        rig.tmrTimeout.fire();
+        rig.tmrTimeout.fire();
+        EXPECT_EQ(rig.seconds, (QList<qint16>{c.seconds, c.seconds})) << c.interval;
     }
+
+    // Both measures read the option anew, not the interval in force on Timer1.
+    setOption(20000);
+    Rig rig;
+    rig.start();
+    setOption(4500);
+    rig.tmrTimeout.fire();
+    EXPECT_EQ(rig.seconds, QList<qint16>{4});
+    EXPECT_TRUE(rig.tick());
+    EXPECT_EQ(rig.tmrTimeout.interval(), 4000);
+    EXPECT_EQ(rig.timer1.interval(), 20000);
 }
 
 TEST_F(PollSchedulerTest, ANewIntervalInASliceWaitTakesEffectAtOnce)
 {
-    start(200000);
-    EXPECT_FALSE(tick());
-    EXPECT_FALSE(tick());
+    setOption(200000);
+    Rig rig;
+    rig.start();
+    EXPECT_FALSE(rig.tick());
+    EXPECT_FALSE(rig.tick());
+    ASSERT_EQ(rig.scheduler.remainingInterval(), 5000);
+    const int restarts = rig.timer1.restarts();
+
     setOption(20000);
-    m_scheduler->UpdatePollInterval();
-    EXPECT_EQ(m_timer1.interval(), 20000);
-    EXPECT_EQ(m_scheduler->remainingInterval(), -1);
-    EXPECT_TRUE(tick());
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_EQ(rig.timer1.interval(), 20000);
+    EXPECT_EQ(rig.timer1.restarts(), restarts + 1);
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
+    EXPECT_TRUE(rig.tick());
 }
 
-TEST_F(PollSchedulerTest, AChangeOfIntervalNeverStartsAStoppedTimer)
+TEST_F(PollSchedulerTest, WithPollingOffTheTimersRunOnButTheTreeIsLeftAlone)
 {
-    setOption(30000);
-    m_scheduler->UpdatePollInterval();
-    EXPECT_FALSE(m_timer1.isEnabled());
-    EXPECT_EQ(m_timer1.interval(), 30000);
+    setOption(130000);
+    Rig rig;
+    rig.start();
+    const int restarts = rig.timer1.restarts();
+    rig.scheduler.DoDisablePolling();
+    EXPECT_TRUE(rig.scheduler.pollingDisabled());
+    EXPECT_EQ(rig.timer1.restarts(), restarts);
+
+    rig.tmrTimeout.setInterval(1);
+    EXPECT_FALSE(rig.tick());
+    EXPECT_EQ(rig.scheduler.remainingInterval(), 0);
+    EXPECT_FALSE(rig.tick());
+    EXPECT_EQ(rig.scheduler.remainingInterval(), 65000);
+    EXPECT_EQ(rig.tmrTimeout.interval(), 5000);
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
+    EXPECT_EQ(rig.exitChecks.size(), 4); // the cycle's tick ran, only without the walk
+    EXPECT_TRUE(rig.tmrTimeout.fire());
+    EXPECT_TRUE(rig.seconds.isEmpty());
+
+    rig.scheduler.DoEnablePolling();
+    EXPECT_FALSE(rig.scheduler.pollingDisabled());
+    EXPECT_TRUE(rig.tmrTimeout.fire());
+    EXPECT_EQ(rig.seconds, QList<qint16>{5});
+    EXPECT_EQ(rig.cycle(), 2);
 }
 
-TEST_F(PollSchedulerTest, WithPollingOffTheSlicesGoOnButNothingIsWalked)
+TEST_F(PollSchedulerTest, AnEmptyTreeOrNoHooksLeaveTheTimersGoing)
 {
-    start(130000);
-    m_scheduler->DoDisablePolling();
-    EXPECT_FALSE(tick());
-    EXPECT_EQ(m_scheduler->remainingInterval(), 0);
-    EXPECT_FALSE(tick());
-    EXPECT_EQ(m_scheduler->remainingInterval(), 65000);
-    EXPECT_EQ(m_timeout.interval(), 5000);
-    EXPECT_TRUE(m_timer1.isEnabled());
-    m_timeout.fire();
-    EXPECT_TRUE(m_timeoutSeconds.isEmpty());
-
-    m_scheduler->DoEnablePolling();
-    tick();
-    EXPECT_TRUE(tick());
+    setOption(20000);
+    BrittleTimer timer1(200, false);
+    BrittleTimer tmrTimeout(0, false);
+    {
+        PollScheduler scheduler(timer1, tmrTimeout, {});
+        scheduler.Timer1_Timer();
+        scheduler.UpdatePollInterval();
+        EXPECT_TRUE(timer1.fire());
+        EXPECT_TRUE(tmrTimeout.fire());
+        EXPECT_TRUE(timer1.isEnabled());
+        EXPECT_TRUE(tmrTimeout.isEnabled());
+        EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+    }
+    // Gone, it lets go of the timers' ticks.
+    EXPECT_FALSE(timer1.hasTick());
+    EXPECT_FALSE(tmrTimeout.hasTick());
 }
 
-TEST_F(PollSchedulerTest, AFailedWalkIsShownAndTheNextTickPollsAgain)
+TEST_F(PollSchedulerTest, AFailedWalkIsShownAndTheTimersStartAgain)
 {
-    start(20000);
-    m_failWalk = true;
-    tick();
+    setOption(20000);
+    Rig rig;
+    rig.start();
+    rig.walk = [] {
+        throw VigilError(91, QStringLiteral("clsComponents"), QStringLiteral("Object not set"));
+    };
+    EXPECT_TRUE(rig.tick());
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(m_dialogs->boxes()[0].title,
-              QStringLiteral("AddInControl - ProcessComponents - Korvex Vigil"));
-    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Object not set - 91"));
-    EXPECT_TRUE(m_timer1.isEnabled());
-    EXPECT_TRUE(m_timeout.isEnabled());
-    m_failWalk = false;
-    EXPECT_TRUE(tick());
+    EXPECT_EQ(boxTitle(0), QStringLiteral("AddInControl - ProcessComponents - Korvex Vigil"));
+    EXPECT_EQ(boxText(0), QStringLiteral("Object not set - 91"));
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
+    EXPECT_EQ(rig.exitChecks.size(), 4);
+
+    // A failure that stays comes back every cycle.
+    EXPECT_TRUE(rig.tick());
+    EXPECT_EQ(m_dialogs->boxes().size(), 2);
+    rig.walk = nullptr;
+    EXPECT_TRUE(rig.tick());
+    EXPECT_EQ(m_dialogs->boxes().size(), 2);
 }
 
 TEST_F(PollSchedulerTest, AFailureWhileTheTimersAreStoppedLeavesThemStopped)
 {
-    class FailingTimer : public FakeTimer
-    {
-    public:
-        void setInterval(qint32) override
-        {
-            throw VigilError(380, "tmrTimeout", "Invalid property value");
-        }
-    } failing;
-    PollScheduler scheduler(m_timer1, failing,
-                            {[] { return false; }, [] {},
-                             [](qint16) {
-                             }});
     setOption(20000);
-    scheduler.Timer1_Timer();
+    Rig rig;
+    rig.start();
+    rig.tmrTimeout.failing = true;
+    EXPECT_FALSE(rig.tick());
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(m_dialogs->boxes()[0].title,
-              QStringLiteral("AddInControl - Timer1_Timer - Korvex Vigil"));
-    EXPECT_FALSE(m_timer1.isEnabled());
-    EXPECT_FALSE(failing.isEnabled());
-    scheduler.UpdatePollInterval();
-    EXPECT_FALSE(m_timer1.isEnabled());
+    EXPECT_EQ(boxTitle(0), QStringLiteral("AddInControl - Timer1_Timer - Korvex Vigil"));
+    EXPECT_EQ(boxText(0), QStringLiteral("Invalid property value - 380"));
+    EXPECT_FALSE(rig.timer1.isEnabled());
+    EXPECT_FALSE(rig.tmrTimeout.isEnabled());
+
+    rig.tmrTimeout.failing = false;
+    setOption(30000);
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_EQ(rig.timer1.interval(), 30000);
+    EXPECT_FALSE(rig.timer1.isEnabled());
+    EXPECT_FALSE(rig.tmrTimeout.isEnabled());
 }
 
-TEST_F(PollSchedulerTest, ATickOfAControlGoingDownDoesNotWalk)
+TEST_F(PollSchedulerTest, TimeoutAndIntervalFailuresAreShownWithTheirOwnContext)
 {
-    start(20000);
-    m_exiting = true;
-    EXPECT_FALSE(tick());
-    EXPECT_TRUE(m_timer1.isEnabled()); // CheckExit stops it; the scheduler itself doesn't
+    setOption(20000);
+    Rig rig;
+    rig.start();
+    rig.timeoutWalk = [] {
+        throw std::runtime_error("Subscript out of range");
+    };
+    rig.tmrTimeout.fire();
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(boxTitle(0), QStringLiteral("tmrTimeout_Timer - Korvex Vigil"));
+    EXPECT_EQ(boxText(0), QStringLiteral("Subscript out of range - 0"));
+    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
+
+    rig.timer1.failing = true;
+    setOption(30000);
+    rig.scheduler.UpdatePollInterval();
+    ASSERT_EQ(m_dialogs->boxes().size(), 2);
+    EXPECT_EQ(boxTitle(1), QStringLiteral("AddInControl - UpdatePollInterval - Korvex Vigil"));
+    EXPECT_EQ(boxText(1), QStringLiteral("Invalid property value - 380"));
+}
+
+TEST_F(PollSchedulerTest, AControlGoingDownStopsTheTickBeforeTheWalk)
+{
+    setOption(20000);
+    Rig rig;
+    rig.start();
+    rig.tmrTimeout.setInterval(1);
+    const int restarts = rig.timer1.restarts() + rig.tmrTimeout.restarts();
+    rig.exiting = true;
+    rig.exitChecks.clear();
+    EXPECT_FALSE(rig.tick());
+    EXPECT_EQ(rig.exitChecks.size(), 1);
+    // Stopping Timer1 is CheckExit's own business; the tick leaves both timers as they were.
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    EXPECT_EQ(rig.tmrTimeout.interval(), 1);
+    EXPECT_EQ(rig.timer1.restarts() + rig.tmrTimeout.restarts(), restarts);
 }
 } // namespace

@@ -6,34 +6,19 @@
 class FakeTimer : public ITimer
 {
 public:
-    FakeTimer(qint32 interval = 0, bool enabled = false)
-        : m_interval(interval)
-        , m_enabled(enabled)
-    {}
+    explicit FakeTimer(qint32 interval = 0, bool enabled = false);
 
     qint32 interval() const override { return m_interval; }
-    void setInterval(qint32 milliseconds) override
-    {
-        m_interval = milliseconds;
-        if (m_enabled)
-            ++m_restarts;
-    }
+    void setInterval(qint32 milliseconds) override;
     bool isEnabled() const override { return m_enabled; }
-    void setEnabled(bool enabled) override
-    {
-        if (enabled && !m_enabled)
-            ++m_restarts;
-        m_enabled = enabled;
-    }
+    void setEnabled(bool enabled) override;
     void onTick(std::function<void()> tick) override { m_tick = std::move(tick); }
 
-    // Ticks only if enabled, as a real timer would.
-    void fire()
-    {
-        if (m_enabled && m_tick)
-            m_tick();
-    }
-    // How many times a period was started.
+    // Ticks only when a real timer would: enabled, with a period, and someone listening.
+    // Answers whether it ticked.
+    bool fire();
+    bool hasTick() const { return bool(m_tick); }
+    // How many times a period was started: by enabling, or by an interval while enabled.
     int restarts() const { return m_restarts; }
 
 private:

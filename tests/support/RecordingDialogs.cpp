@@ -12,7 +12,7 @@ IDialogs::Answer RecordingDialogs::show(const Box& box)
     case Buttons::YesNo:
         return Answer::Yes;
     case Buttons::RetryCancel:
-        return Answer::Retry;
+        return Answer::Cancel; // never loops on a retry nobody scripted
     case Buttons::Ok:
         break;
     }

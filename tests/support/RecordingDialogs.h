@@ -6,7 +6,7 @@
 #include <deque>
 
 // Keeps every box shown and answers from a script; with the script used up, it answers Ok,
-// or the first button of a question.
+// Yes to a question, and Cancel to Retry/Cancel.
 class RecordingDialogs : public IDialogs
 {
 public:

@@ -1,0 +1,7 @@
+#include "drivers/LabelSet.h"
+
+LabelSet::LabelSet(QObject* parent)
+    : QObject(parent)
+{}
+
+LabelSet::~LabelSet() = default;

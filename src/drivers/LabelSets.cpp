@@ -1,0 +1,7 @@
+#include "drivers/LabelSets.h"
+
+LabelSets::LabelSets(QObject* parent)
+    : QObject(parent)
+{}
+
+LabelSets::~LabelSets() = default;

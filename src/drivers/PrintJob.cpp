@@ -1,0 +1,7 @@
+#include "drivers/PrintJob.h"
+
+PrintJob::PrintJob(QObject* parent)
+    : QObject(parent)
+{}
+
+PrintJob::~PrintJob() = default;

@@ -1,0 +1,7 @@
+#include "drivers/Queue.h"
+
+Queue::Queue(QObject* parent)
+    : QObject(parent)
+{}
+
+Queue::~Queue() = default;

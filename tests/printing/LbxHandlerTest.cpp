@@ -1,0 +1,393 @@
+#include "drivers/Application.h"
+#include "printing/clsLBXHandler.h"
+#include "services/VigilError.h"
+#include "support/FakeApplication.h"
+#include "support/ServicesFixture.h"
+
+namespace {
+const QString NotRunningText = QStringLiteral("The print application is not running.");
+
+class LbxHandlerTest : public ServicesFixture
+{
+protected:
+    void SetUp() override
+    {
+        ServicesFixture::SetUp();
+        QByteArray catalogue;
+        for (int line = 1; line <= 410; ++line)
+            catalogue += "message " + QByteArray::number(line) + " %1\n";
+        catalogue.replace("message 407 %1", NotRunningText.toUtf8());
+        writeMessageFile(QStringLiteral("en"), catalogue);
+        InstallApplicationFactory([this]() -> std::shared_ptr<Application> {
+            ++m_attaches;
+            return m_running ? m_application : nullptr;
+        });
+    }
+
+    void TearDown() override
+    {
+        ReleaseGlobalLBX();
+        InstallApplicationFactory(nullptr);
+        ServicesFixture::TearDown();
+    }
+
+    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
+    bool m_running = true;
+    int m_attaches = 0;
+};
+
+// A site with a default queue, a queue whose name differs only in case, and some files.
+class LbxPrintingTest : public LbxHandlerTest
+{
+protected:
+    void SetUp() override
+    {
+        LbxHandlerTest::SetUp();
+        m_application->labelRootFolder = QStringLiteral("/srv/labels");
+        m_application->defaultQueueName = QStringLiteral("Line1");
+        m_upper = &m_application->queues.add(QStringLiteral("Line1"), 2001);
+        m_lower = &m_application->queues.add(QStringLiteral("line1"), 2002);
+        m_application->addFormat(QStringLiteral("/srv/labels/Carton.FMT"), 2001);
+        m_application->addFormat(QStringLiteral("/srv/labels/a.fmt"), 2001);
+        m_application->addFormat(QStringLiteral("sub/pallet.fmt"), 2001);
+        m_application->addFormat(QStringLiteral("C:\\labels\\box"), 2001);
+        m_application->addLabelSet(QStringLiteral("/srv/sets/Shift.LBS"));
+        m_application->addLabelSet(QStringLiteral("/srv/sets/Other.LBS"), false);
+    }
+
+    // Every job any queue has made.
+    QList<std::shared_ptr<FakePrintJob>> allJobs() const
+    {
+        QList<std::shared_ptr<FakePrintJob>> jobs;
+        for (Queue* queue : m_application->queues.List())
+            jobs += static_cast<FakeQueue*>(queue)->jobs;
+        return jobs;
+    }
+
+    bool everyJobCancelled() const
+    {
+        const auto jobs = allJobs();
+        return std::all_of(jobs.begin(), jobs.end(),
+                           [](const auto& job) { return job->cancelCount == 1; });
+    }
+
+    QString boxTexts() const
+    {
+        QStringList texts;
+        for (const IDialogs::Box& box : m_dialogs->boxes())
+            texts << box.text;
+        return texts.join(QLatin1Char('|'));
+    }
+
+    FakeQueue* m_upper = nullptr;
+    FakeQueue* m_lower = nullptr;
+};
+
+FakePrintJob* fake(const std::shared_ptr<PrintJob>& job)
+{
+    return static_cast<FakePrintJob*>(job.get());
+}
+
+TEST_F(LbxHandlerTest, OneAdapterServesEveryCallerUntilReleased)
+{
+    clsLBXHandler& first = GetGlobalLBX();
+    EXPECT_EQ(&GetGlobalLBX(), &first);
+    EXPECT_EQ(g_oLBX.get(), &first);
+    EXPECT_EQ(m_attaches, 1);
+    EXPECT_EQ(&first.LBX_App(), m_application.get());
+    m_application->administrator = true;
+    EXPECT_TRUE(first.IsAdministrator());
+    m_application->administrator = false;
+    EXPECT_FALSE(first.IsAdministrator());
+    // Each use probes the connection first.
+    EXPECT_GE(m_application->probes, 4);
+
+    ReleaseGlobalLBX();
+    EXPECT_EQ(g_oLBX, nullptr);
+    GetGlobalLBX();
+    EXPECT_NE(g_oLBX, nullptr);
+    EXPECT_EQ(m_attaches, 2);
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(LbxHandlerTest, ADeadConnectionIsRepairedWithoutAWord)
+{
+    clsLBXHandler& adapter = GetGlobalLBX();
+
+    // A probe that fails once: attached again, to the same running application.
+    m_application->failingProbes = 1;
+    adapter.Check();
+    EXPECT_EQ(m_attaches, 2);
+
+    // The old application is gone and a new one runs: the adapter takes the new one.
+    auto replacement = std::make_shared<FakeApplication>();
+    m_application->alive = false;
+    m_application = replacement;
+    EXPECT_EQ(&adapter.LBX_App(), replacement.get());
+    EXPECT_EQ(m_attaches, 3);
+    EXPECT_EQ(&GetGlobalLBX(), &adapter);
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(LbxHandlerTest, AnAbsentApplicationOffersRetryAndCancelRaisesTheSameError)
+{
+    m_running = false;
+    m_dialogs->answerNext(IDialogs::Answer::Retry);
+    m_dialogs->answerNext(IDialogs::Answer::Cancel);
+    try {
+        GetGlobalLBX();
+        FAIL() << "Cancel must raise";
+    } catch (const VigilError& error) {
+        EXPECT_EQ(error.number(), clsLBXHandler::NotRunning);
+        EXPECT_EQ(error.source(), QStringLiteral("clsLbxHandler.GetLbx"));
+        EXPECT_EQ(error.description(), NotRunningText);
+    }
+    EXPECT_EQ(g_oLBX, nullptr);
+    EXPECT_EQ(m_attaches, 2);
+    ASSERT_EQ(m_dialogs->boxes().size(), 2);
+    const IDialogs::Box& box = m_dialogs->boxes().first();
+    EXPECT_EQ(box.title, QStringLiteral("GetGlobalLbx - clsLbxHandler.GetLbx"));
+    EXPECT_EQ(box.text, NotRunningText + QStringLiteral(" (-2147220991)"));
+    EXPECT_EQ(box.icon, IDialogs::Icon::Stop);
+    EXPECT_EQ(box.buttons, IDialogs::Buttons::RetryCancel);
+
+    // No factory at all is the same as no application, and so is one that answers but is
+    // dead from the start.
+    InstallApplicationFactory(nullptr);
+    m_dialogs->answerNext(IDialogs::Answer::Cancel);
+    EXPECT_THROW(GetGlobalLBX(), VigilError);
+    EXPECT_EQ(g_oLBX, nullptr);
+    InstallApplicationFactory(FakeApplication::attachTo(m_application));
+    m_application->alive = false;
+    m_dialogs->answerNext(IDialogs::Answer::Cancel);
+    EXPECT_THROW(GetGlobalLBX(), VigilError);
+    EXPECT_EQ(g_oLBX, nullptr);
+    EXPECT_EQ(m_application->attaches, 2);
+}
+
+TEST_F(LbxHandlerTest, RetryGetsThroughOnceTheApplicationRuns)
+{
+    // The user starts the application while the box is open, then presses Retry.
+    InstallApplicationFactory([this]() -> std::shared_ptr<Application> {
+        return ++m_attaches == 1 ? nullptr : m_application;
+    });
+    m_dialogs->answerNext(IDialogs::Answer::Retry);
+    clsLBXHandler& adapter = GetGlobalLBX();
+    EXPECT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(g_oLBX.get(), &adapter);
+    EXPECT_EQ(&adapter.LBX_App(), m_application.get());
+}
+
+TEST_F(LbxHandlerTest, AConnectionThatStaysDeadNamesTheCheckAndKeepsTheAdapter)
+{
+    clsLBXHandler& adapter = GetGlobalLBX();
+    m_application->alive = false; // attaching again gives the same dead application
+    try {
+        m_dialogs->answerNext(IDialogs::Answer::Cancel);
+        GetGlobalLBX();
+        FAIL() << "Cancel must raise";
+    } catch (const VigilError& error) {
+        EXPECT_EQ(error.number(), clsLBXHandler::NotRunning);
+        EXPECT_EQ(error.source(), QStringLiteral("clsLbxHandler.Check"));
+        EXPECT_EQ(error.description(),
+                  NotRunningText + QStringLiteral("\r\nThe application has gone"));
+    }
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(m_dialogs->boxes().first().title,
+              QStringLiteral("GetGlobalLbx - clsLbxHandler.Check"));
+    EXPECT_EQ(g_oLBX.get(), &adapter);
+    m_application->alive = true;
+    EXPECT_EQ(&GetGlobalLBX(), &adapter);
+}
+
+TEST_F(LbxPrintingTest, AnEmptyPrinterMeansTheDefaultQueueAndItsNameComesBack)
+{
+    QString printer;
+    const auto job = GetGlobalLBX().PrintFormat(QStringLiteral("Carton"), QStringLiteral("note"),
+                                                12, printer, true);
+    ASSERT_NE(job, nullptr);
+    EXPECT_EQ(printer, QStringLiteral("Line1"));
+    ASSERT_EQ(m_upper->jobs.size(), 1);
+    EXPECT_EQ(m_upper->jobs.first().get(), job.get());
+    EXPECT_EQ(fake(job)->path, QStringLiteral("/srv/labels/Carton.FMT"));
+    EXPECT_EQ(fake(job)->quantity, 12);
+    EXPECT_TRUE(fake(job)->pause);
+    EXPECT_FALSE(fake(job)->cancelled());
+    EXPECT_TRUE(m_lower->jobs.isEmpty());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(LbxPrintingTest, QueueNamesCompareWithCaseAndTheLastMatchWins)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    QString printer = QStringLiteral("line1");
+    ASSERT_NE(lbx.PrintFormat(QStringLiteral("Carton"), {}, 1, printer, false), nullptr);
+    EXPECT_EQ(m_lower->jobs.size(), 1);
+    EXPECT_TRUE(m_upper->jobs.isEmpty());
+
+    FakeQueue& first = m_application->queues.add(QStringLiteral("Twin"), 2001);
+    FakeQueue& last = m_application->queues.add(QStringLiteral("Twin"), 2001);
+    printer = QStringLiteral("Twin");
+    ASSERT_NE(lbx.PrintFormat(QStringLiteral("Carton"), {}, 1, printer, false), nullptr);
+    EXPECT_TRUE(first.jobs.isEmpty());
+    EXPECT_EQ(last.jobs.size(), 1);
+
+    printer = QStringLiteral("LINE1");
+    EXPECT_EQ(lbx.PrintFormat(QStringLiteral("Carton"), {}, 1, printer, false), nullptr);
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(m_dialogs->boxes().first().text, QStringLiteral("Invalid Printer Queue"));
+    EXPECT_TRUE(m_dialogs->boxes().first().title.startsWith(QStringLiteral("PrintFormat - ")));
+    EXPECT_EQ(allJobs().size(), 2);
+}
+
+TEST_F(LbxPrintingTest, BareNamesAreCompletedAndPathsStandAsTheyAre)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    const auto pathOf = [&](const QString& name) {
+        QString printer;
+        const auto job = lbx.PrintFormat(name, {}, 1, printer, false);
+        return job ? fake(job)->path : QStringLiteral("<none>");
+    };
+    // The test of the extension is on upper case: no second one.
+    EXPECT_EQ(pathOf(QStringLiteral("a.fmt")), QStringLiteral("/srv/labels/a.fmt"));
+    EXPECT_EQ(pathOf(QStringLiteral("sub/pallet.fmt")), QStringLiteral("sub/pallet.fmt"));
+    EXPECT_EQ(pathOf(QStringLiteral("C:\\labels\\box")), QStringLiteral("C:\\labels\\box"));
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    // A root that already ends in a separator gets no second one.
+    m_application->labelRootFolder = QStringLiteral("/srv/labels/");
+    EXPECT_EQ(pathOf(QStringLiteral("Carton")), QStringLiteral("/srv/labels/Carton.FMT"));
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    EXPECT_EQ(pathOf(QString()), QStringLiteral("<none>"));
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(m_dialogs->boxes().first().text, QStringLiteral("Invalid Format: "));
+    EXPECT_EQ(allJobs().size(), 4);
+}
+
+TEST_F(LbxPrintingTest, IsValidMSFormatLeavesNoJobBehindOnAnyPath)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    QString error = QStringLiteral("stale");
+
+    EXPECT_TRUE(
+        lbx.IsValidMSFormat(QStringLiteral("Carton"), QStringLiteral("Line1"), 2001, error));
+    EXPECT_EQ(error, QString());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    // Made for another type: the text for the caller, no box.
+    EXPECT_FALSE(
+        lbx.IsValidMSFormat(QStringLiteral("Carton"), QStringLiteral("line1"), 2002, error));
+    EXPECT_EQ(error, QStringLiteral("message 34 Carton"));
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    // Unreadable: the failure from the application, then message 33, both shown.
+    EXPECT_FALSE(lbx.IsValidMSFormat(QStringLiteral("Missing"), QString(), 2001, error));
+    EXPECT_EQ(error, QString());
+    ASSERT_EQ(m_dialogs->boxes().size(), 2);
+    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Cannot open /srv/labels/Missing.FMT"));
+    EXPECT_EQ(m_dialogs->boxes()[0].icon, IDialogs::Icon::Warning);
+    EXPECT_EQ(m_dialogs->boxes()[1].text, QStringLiteral("message 33 Missing"));
+    EXPECT_EQ(m_dialogs->boxes()[1].icon, IDialogs::Icon::Stop);
+    m_dialogs->clear();
+
+    // No such queue.
+    EXPECT_FALSE(
+        lbx.IsValidMSFormat(QStringLiteral("Carton"), QStringLiteral("Nowhere"), 2001, error));
+    EXPECT_EQ(boxTexts(), QStringLiteral("Invalid Printer Queue|message 33 Carton"));
+
+    EXPECT_EQ(allJobs().size(), 2);
+    EXPECT_TRUE(everyJobCancelled());
+}
+
+TEST_F(LbxPrintingTest, PrintMSFormatKeepsOnlyAJobOfTheRightType)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    const auto job = lbx.PrintMSFormat(QStringLiteral("Carton"), 30, QStringLiteral("Line1"), 2001);
+    ASSERT_NE(job, nullptr);
+    EXPECT_EQ(fake(job)->quantity, 30);
+    EXPECT_FALSE(fake(job)->pause);
+    EXPECT_FALSE(fake(job)->cancelled());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    EXPECT_EQ(lbx.PrintMSFormat(QStringLiteral("Carton"), 30, QStringLiteral("line1"), 2002),
+              nullptr);
+    ASSERT_EQ(m_lower->jobs.size(), 1);
+    EXPECT_EQ(m_lower->jobs.first()->cancelCount, 1);
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_EQ(m_dialogs->boxes().first().text, QStringLiteral("message 34 Carton"));
+    EXPECT_EQ(m_dialogs->boxes().first().icon, IDialogs::Icon::Stop);
+    m_dialogs->clear();
+
+    EXPECT_EQ(lbx.PrintMSFormat(QStringLiteral("Missing"), 1, QStringLiteral("Line1"), 2001),
+              nullptr);
+    EXPECT_EQ(boxTexts(), QStringLiteral("Cannot open /srv/labels/Missing.FMT|message 33 Missing"));
+}
+
+TEST_F(LbxPrintingTest, ALabelSetGoesThroughTheDefaultQueueWithItsIdentifiers)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    const QString set = QStringLiteral("/srv/sets/Shift.LBS");
+    const auto job = lbx.PrintMSDAGLabelSet(
+        set, PrinterIdentifiers{{QStringLiteral("A"), QStringLiteral("line1")},
+                                {QStringLiteral("B"), QString()}});
+    ASSERT_NE(job, nullptr);
+    EXPECT_EQ(m_upper->jobs.size(), 1);
+    EXPECT_EQ(fake(job)->quantity, 1);
+    EXPECT_FALSE(fake(job)->pause);
+    EXPECT_EQ(fake(job)->groupIdentifiers,
+              (QList<std::pair<QString, QString>>{{QStringLiteral("A"), QStringLiteral("line1")},
+                                                  {QStringLiteral("B"), QString()}}));
+
+    const auto plain = lbx.PrintMSDAGLabelSet(set, std::nullopt);
+    ASSERT_NE(plain, nullptr);
+    EXPECT_TRUE(fake(plain)->groupIdentifiers.isEmpty());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    // The application refuses a set made for another group.
+    EXPECT_EQ(lbx.PrintDAGLabelSet(QStringLiteral("/srv/sets/Other.LBS"), false), nullptr);
+    EXPECT_EQ(lbx.PrintDAGLabelSet(QStringLiteral("/srv/sets/Gone.LBS"), false), nullptr);
+    ASSERT_EQ(m_dialogs->boxes().size(), 2);
+    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Label Set is not valid for this group"));
+    EXPECT_TRUE(m_dialogs->boxes()[0].title.startsWith(QStringLiteral("PrintDAGLabelSet - ")));
+    EXPECT_EQ(m_dialogs->boxes()[1].text, QStringLiteral("Cannot open /srv/sets/Gone.LBS"));
+}
+
+TEST_F(LbxPrintingTest, WithoutADefaultQueueThereIsNoLabelSetJob)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    m_application->defaultQueueName = QStringLiteral("line9");
+    const QString set = QStringLiteral("/srv/sets/Shift.LBS");
+    EXPECT_EQ(lbx.PrintDAGLabelSet(set, true), nullptr);
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+    EXPECT_EQ(lbx.PrintDAGLabelSet(set, false), nullptr);
+    EXPECT_EQ(boxTexts(), QStringLiteral("Invalid Printer Queue"));
+
+    // No job and no identifiers: nothing to complain of. No job with identifiers to set: the
+    // caller's trap hears of it.
+    EXPECT_EQ(lbx.PrintMSDAGLabelSet(set, PrinterIdentifiers{}), nullptr);
+    try {
+        lbx.PrintMSDAGLabelSet(set, PrinterIdentifiers{{QStringLiteral("A"), QString()}});
+        FAIL() << "a missing job must raise";
+    } catch (const VigilError& error) {
+        EXPECT_EQ(error.number(), clsLBXHandler::NoObject);
+    }
+    EXPECT_TRUE(allJobs().isEmpty());
+}
+
+TEST_F(LbxPrintingTest, AnApplicationGoneForGoodIsShownByThePrintTrap)
+{
+    clsLBXHandler& lbx = GetGlobalLBX();
+    m_application->alive = false;
+    QString printer;
+    EXPECT_EQ(lbx.PrintFormat(QStringLiteral("Carton"), {}, 1, printer, false), nullptr);
+    EXPECT_EQ(printer, QString());
+    QString error;
+    EXPECT_FALSE(lbx.IsValidMSFormat(QStringLiteral("Carton"), QString(), 2001, error));
+    EXPECT_EQ(boxTexts(), QStringLiteral("%1\r\nThe application has gone|%1\r\n"
+                                         "The application has gone|message 33 Carton")
+                              .arg(NotRunningText));
+    EXPECT_TRUE(m_dialogs->boxes().first().title.startsWith(QStringLiteral("PrintFormat - ")));
+    EXPECT_TRUE(allJobs().isEmpty());
+}
+} // namespace

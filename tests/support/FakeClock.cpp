@@ -1,0 +1,5 @@
+#include "support/FakeClock.h"
+
+FakeClock::FakeClock(const QDateTime& now)
+    : m_now(now)
+{}
