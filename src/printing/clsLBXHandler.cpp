@@ -141,27 +141,38 @@ std::shared_ptr<PrintJob> clsLBXHandler::PrintDAGLabelSet(const QString& sLabelS
     }
 }
 
-bool clsLBXHandler::IsValidMSFormat(const QString& sFormatPath, const QString& sPrinter,
-                                    qint32 lLBXPrinterType, QString& sErrorMessage)
+std::shared_ptr<PrintJob> clsLBXHandler::checkedFormatJob(const QString& sFormatPath,
+                                                          qint32 lQuantity, const QString& sPrinter,
+                                                          qint32 lLBXPrinterType, bool& sameType)
 {
-    // A box lets events through, and the adapter may be released meanwhile.
-    const auto keepAlive = weak_from_this().lock();
     m_bSilentErrors = false;
-    sErrorMessage.clear();
     QString queueName = sPrinter;
-    // The job exists only to look into the file; it never prints.
-    const std::shared_ptr<PrintJob> job = PrintFormat(sFormatPath, QString(), 1, queueName, false);
+    const std::shared_ptr<PrintJob> job =
+        PrintFormat(sFormatPath, QString(), lQuantity, queueName, false);
     if (!job) {
         showStop(FormatMessage(MsgFormatUnreadable, {sFormatPath}));
-        return false;
+        return nullptr;
     }
-    bool sameType = false;
     try {
         sameType = job->PrinterType() == lLBXPrinterType;
     } catch (const std::exception&) {
         cancelQuietly(*job);
         throw;
     }
+    return job;
+}
+
+bool clsLBXHandler::IsValidMSFormat(const QString& sFormatPath, const QString& sPrinter,
+                                    qint32 lLBXPrinterType, QString& sErrorMessage)
+{
+    // A box lets events through, and the adapter may be released meanwhile.
+    const auto keepAlive = weak_from_this().lock();
+    sErrorMessage.clear();
+    bool sameType = false;
+    // The job exists only to look into the file; it never prints.
+    const auto job = checkedFormatJob(sFormatPath, 1, sPrinter, lLBXPrinterType, sameType);
+    if (!job)
+        return false;
     job->Cancel();
     if (!sameType) {
         // The caller shows the text.
@@ -175,23 +186,11 @@ std::shared_ptr<PrintJob> clsLBXHandler::PrintMSFormat(const QString& sFormatPat
                                                        const QString& sPrinter,
                                                        qint32 lLBXPrinterType)
 {
-    // A box lets events through, and the adapter may be released meanwhile.
     const auto keepAlive = weak_from_this().lock();
-    m_bSilentErrors = false;
-    QString queueName = sPrinter;
-    const std::shared_ptr<PrintJob> job =
-        PrintFormat(sFormatPath, QString(), lQuantity, queueName, false);
-    if (!job) {
-        showStop(FormatMessage(MsgFormatUnreadable, {sFormatPath}));
-        return nullptr;
-    }
     bool sameType = false;
-    try {
-        sameType = job->PrinterType() == lLBXPrinterType;
-    } catch (const std::exception&) {
-        cancelQuietly(*job);
-        throw;
-    }
+    const auto job = checkedFormatJob(sFormatPath, lQuantity, sPrinter, lLBXPrinterType, sameType);
+    if (!job)
+        return nullptr;
     if (!sameType) {
         job->Cancel();
         showStop(FormatMessage(MsgWrongPrinterType, {sFormatPath}));

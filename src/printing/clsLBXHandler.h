@@ -57,6 +57,11 @@ public:
 private:
     std::shared_ptr<Application> GetLbx();
     bool ValidFormat(QString& name, bool isFormat);
+    // A job for the format on the printer, and whether the format was made for that printer
+    // type; none, after a box, when the file can't be opened.
+    std::shared_ptr<PrintJob> checkedFormatJob(const QString& sFormatPath, qint32 lQuantity,
+                                               const QString& sPrinter, qint32 lLBXPrinterType,
+                                               bool& sameType);
     std::shared_ptr<PrintJob> PrintLabelSet(const QString& sLabelSetName, const QString& sComment,
                                             qint32 nQuantity, bool bPause, bool bDisplayMessage);
     void showError(const QString& text, const QString& context) const;
