@@ -5,6 +5,7 @@
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
 #include "services/VigilError.h"
+#include "support/FakeTimer.h"
 #include "support/FakeTreeView.h"
 #include "support/ScriptedHandler.h"
 #include "support/ServicesFixture.h"
@@ -16,7 +17,7 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        m_control = std::make_unique<AddInControl>(m_view);
+        m_control = std::make_unique<AddInControl>(m_view, m_timer1, m_timeout);
         g_oAddIn = m_control.get();
         g_bExiting = false;
         g_oComponents = std::make_shared<clsComponents>();
@@ -63,5 +64,7 @@ protected:
 
     ScriptedHandler::Registration m_scripted;
     FakeTreeView m_view;
+    FakeTimer m_timer1{200, false};
+    FakeTimer m_timeout{0, false};
     std::unique_ptr<AddInControl> m_control;
 };

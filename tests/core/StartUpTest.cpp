@@ -1,0 +1,161 @@
+#include "core/TreeFixture.h"
+#include "printing/clsLBXHandler.h"
+#include "services/SettingsAccess.h"
+#include "support/FakeApplication.h"
+
+namespace {
+// The control from start-up to going down, against an application whose queues the test
+// sets.
+class StartUpTest : public TreeFixture
+{
+protected:
+    void SetUp() override
+    {
+        TreeFixture::SetUp();
+        g_oComponents.reset();
+        QByteArray catalogue;
+        for (int line = 1; line <= 30; ++line)
+            catalogue += line == 23 ? "All Printers\n" : line == 22 ? "Delete %1?\n" : "\n";
+        writeMessageFile(QStringLiteral("en"), catalogue);
+        m_application->administrator = true;
+        InstallApplicationFactory([this] { return m_application; });
+    }
+
+    void TearDown() override
+    {
+        m_control->UserControl_Hide();
+        ReleaseGlobalLBX();
+        InstallApplicationFactory(nullptr);
+        TreeFixture::TearDown();
+    }
+
+    // A tree saved by an earlier run: a group "Hall" with the printer "Old", and "Kept" at
+    // the top.
+    void storeEarlierTree()
+    {
+        const QString printers = DefaultRootKey + "\\Printers";
+        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, printers + "\\GP1", "Name", REG_SZ, "Hall"), 0);
+        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, printers + "\\GP1\\ID1", "Name", REG_SZ, "Old"),
+                  0);
+        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, printers + "\\ID2", "Name", REG_SZ, "Kept"), 0);
+        ASSERT_EQ(
+            WriteValue(HKEY_LOCAL_MACHINE, printers + "\\ID2", "ObjPrinterNumber", REG_DWORD, 900),
+            0);
+    }
+
+    static QStringList storedChildren(const QString& key)
+    {
+        QStringList names;
+        EnumSubKeys(HKEY_LOCAL_MACHINE, names, key);
+        return names;
+    }
+
+    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
+};
+
+TEST_F(StartUpTest, AnEmptyStoreGivesTheRootWithEveryQueue)
+{
+    m_application->queues.add("Line 1", 900);
+    m_application->queues.add("Line 2", 2020);
+    m_application->queues.add("Line 2", 901); // a second queue of the same name isn't added
+    m_control->UserControl_Initialize();
+
+    ASSERT_TRUE(g_oComponents);
+    EXPECT_EQ(g_oComponents->m_sName, QStringLiteral("All Printers"));
+    EXPECT_EQ(g_oComponents->Count(), 2);
+    EXPECT_TRUE(g_oComponents->HasUI());
+    EXPECT_EQ(m_view.children(QString()), QStringList{"GPRoot"});
+    EXPECT_EQ(m_view.children("GPRoot").size(), 2);
+    EXPECT_TRUE(m_view.isExpanded("GPRoot"));
+    EXPECT_EQ(m_view.selectedKey(), QStringLiteral("GPRoot"));
+    // Saved before the first tick, and polling has begun.
+    EXPECT_EQ(storedChildren("Printers").size(), 3);
+    EXPECT_TRUE(m_timer1.isEnabled());
+    EXPECT_TRUE(m_timeout.isEnabled());
+    EXPECT_EQ(m_timer1.interval(), 20000);
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(StartUpTest, TheSavedTreeIsReconciledWithTheQueues)
+{
+    storeEarlierTree();
+    m_application->queues.add("Kept", 900);
+    m_application->queues.add("New", 900);
+    m_control->UserControl_Initialize();
+
+    EXPECT_EQ(g_oComponents->Count(), 3); // Hall, Kept, New
+    auto* hall = dynamic_cast<clsComponents*>(g_oComponents->Find("GP1"));
+    ASSERT_NE(hall, nullptr);
+    EXPECT_EQ(hall->Count(), 0); // Old's queue has gone; the group stays
+    EXPECT_NE(g_oComponents->FindPrinter("Kept"), nullptr);
+    EXPECT_EQ(g_oComponents->FindParent(g_oComponents->FindPrinter("New")->m_sID),
+              g_oComponents.get());
+    EXPECT_EQ(storedChildren("Printers\\GP1"), QStringList{""});
+    EXPECT_TRUE(m_view.hasItem("GP1"));
+    EXPECT_FALSE(m_view.hasItem("ID1"));
+}
+
+TEST_F(StartUpTest, AUserWhoMayNotChangeTheTreeKeepsPrintersWhoseQueueWent)
+{
+    storeEarlierTree();
+    m_application->administrator = false;
+    m_control->UserControl_Initialize();
+    EXPECT_NE(g_oComponents->Find("ID1"), nullptr);
+    EXPECT_NE(g_oComponents->Find("ID2"), nullptr);
+}
+
+TEST_F(StartUpTest, QueuesComingAndGoingWhileRunning)
+{
+    m_application->queues.add("Line 1", 900);
+    m_control->UserControl_Initialize();
+    const QString line1 = g_oComponents->FindPrinter("Line 1")->m_sID;
+
+    // With a printer selected, a new printer becomes its sibling.
+    m_view.selectItem(line1);
+    m_application->queues.add("Line 2", 900);
+    const clsComponent* line2 = g_oComponents->FindPrinter("Line 2");
+    ASSERT_NE(line2, nullptr);
+    EXPECT_EQ(m_view.item(line2->m_sID).parent, QStringLiteral("GPRoot"));
+    EXPECT_EQ(storedChildren("Printers").size(), 3);
+
+    // A removed queue takes its node and item, and the tree is saved.
+    m_application->queues.remove("Line 1");
+    EXPECT_EQ(g_oComponents->FindPrinter("Line 1"), nullptr);
+    EXPECT_FALSE(m_view.hasItem(line1));
+    EXPECT_EQ(storedChildren("Printers").size(), 2);
+
+    // For a user who may not delete, a removed queue leaves the printer and its item.
+    m_application->administrator = false;
+    m_application->queues.remove("Line 2");
+    EXPECT_NE(g_oComponents->FindPrinter("Line 2"), nullptr); // kept for this user
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(StartUpTest, WithoutTheApplicationTheControlStaysUnpolled)
+{
+    InstallApplicationFactory(nullptr);
+    m_control->UserControl_Initialize();
+    ASSERT_EQ(m_dialogs->boxes().size(), 2); // Retry/Cancel, then the start-up trap
+    EXPECT_EQ(m_dialogs->boxes()[1].title,
+              QStringLiteral("AddInControl - UserControl_Initialize - Korvex Vigil"));
+    EXPECT_FALSE(m_timer1.isEnabled());
+    EXPECT_FALSE(g_oComponents);
+}
+
+TEST_F(StartUpTest, DisposeRunsOnceAndLetsEveryHandlerGo)
+{
+    m_application->queues.add("Line 1", 900);
+    m_control->UserControl_Initialize();
+    m_control->Dispose();
+    EXPECT_TRUE(g_bExiting);
+    EXPECT_FALSE(g_oComponents);
+    EXPECT_FALSE(m_timer1.isEnabled());
+    EXPECT_EQ(storedChildren("Printers").size(), 2);
+
+    ASSERT_EQ(DeleteKeyTree(HKEY_LOCAL_MACHINE, QString(), "Printers"), 0);
+    m_control->Dispose(); // does nothing: the tree isn't written again
+    QStringList names;
+    EXPECT_FALSE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, "Printers"));
+    EXPECT_TRUE(m_control->CheckExit());
+}
+} // namespace
