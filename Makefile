@@ -24,6 +24,7 @@ test: build
 
 bench: build
 	$(BUILD)/bin/bench_store
+	$(BUILD)/bin/bench_tree
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

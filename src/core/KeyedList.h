@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <memory>
 #include <optional>
@@ -23,6 +24,7 @@ public:
     {
         if (!key.isEmpty() && indexOf(key))
             return false;
+        m_members.insert(item.get());
         m_entries.append({key, std::move(item)});
         return true;
     }
@@ -44,17 +46,12 @@ public:
         const auto index = indexOf(key);
         if (!index)
             return false;
+        m_members.remove(m_entries.at(*index).item.get());
         m_entries.removeAt(*index);
         return true;
     }
 
-    bool contains(const T* item) const
-    {
-        for (const Entry& entry : m_entries)
-            if (entry.item.get() == item)
-                return true;
-        return false;
-    }
+    bool contains(const T* item) const { return m_members.contains(item); }
 
     QList<Pointer> snapshot() const
     {
@@ -65,7 +62,11 @@ public:
         return items;
     }
 
-    void clear() { m_entries.clear(); }
+    void clear()
+    {
+        m_entries.clear();
+        m_members.clear();
+    }
 
 private:
     struct Entry
@@ -84,4 +85,6 @@ private:
     }
 
     QList<Entry> m_entries;
+    // The entries by identity, so that a walk asks in constant time whether one is still here.
+    QSet<const T*> m_members;
 };

@@ -1,0 +1,129 @@
+// The monitor core with a large site: 2,000 local printers on fake queues under 20 groups.
+
+#include "core/AddInControl.h"
+#include "core/Globals.h"
+#include "core/clsComponent.h"
+#include "core/clsComponents.h"
+#include "printing/clsLBXHandler.h"
+#include "services/IDialogs.h"
+#include "services/SettingsStore.h"
+#include "support/FakeApplication.h"
+#include "support/FakeTimer.h"
+#include "support/FakeTreeView.h"
+#include "support/RecordingDialogs.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+constexpr int Groups = 20;
+constexpr int PrintersPerGroup = 100;
+
+class Site
+{
+public:
+    explicit Site(int newQueues = 0)
+    {
+        qputenv("VIGIL_HOME", QFile::encodeName(m_dir.path()));
+        SettingsStore::install(std::make_shared<SettingsStore>(m_dir.filePath("bench.sqlite")));
+        IDialogs::install(std::make_shared<RecordingDialogs>());
+        m_application->administrator = true;
+        InstallApplicationFactory([this] { return m_application; });
+        for (int q = 0; q < newQueues; ++q)
+            m_application->queues.add(QStringLiteral("New %1").arg(q), 900);
+    }
+    ~Site()
+    {
+        control.UserControl_Hide();
+        ReleaseGlobalLBX();
+        InstallApplicationFactory(nullptr);
+        IDialogs::install(nullptr);
+        SettingsStore::install(nullptr);
+        g_bExiting = false;
+    }
+
+    // Starts the control on the queues, then spreads the printers over the groups.
+    void startInGroups()
+    {
+        control.UserControl_Initialize();
+        const auto printers = g_oComponents->Col().snapshot();
+        for (int g = 0; g < Groups; ++g) {
+            auto group = std::make_shared<clsComponents>();
+            group->m_sID = QStringLiteral("GP%1").arg(g, 12, 10, QLatin1Char('0'));
+            group->m_sName = QStringLiteral("Hall %1").arg(g);
+            g_oComponents->AddComponent(group->m_sID, group);
+            for (int p = g * PrintersPerGroup;
+                 p < (g + 1) * PrintersPerGroup && p < printers.size(); ++p) {
+                g_oComponents->Remove(printers[p]->m_sID);
+                group->AddComponent(printers[p]->m_sID, printers[p]);
+            }
+        }
+    }
+
+    FakeTreeView view;
+    FakeTimer timer1{200, false};
+    FakeTimer timeout{0, false};
+    AddInControl control{view, timer1, timeout};
+
+private:
+    QTemporaryDir m_dir;
+    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
+};
+
+// A site saved, then started: the tree loaded, reconciled and built.
+void BM_PollWalk(benchmark::State& state)
+{
+    Site site(Groups * PrintersPerGroup);
+    site.startInGroups();
+    for (auto _ : state)
+        g_oComponents->Process();
+}
+BENCHMARK(BM_PollWalk)->Unit(benchmark::kMicrosecond);
+
+void BM_SaveTree(benchmark::State& state)
+{
+    Site site(Groups * PrintersPerGroup);
+    site.startInGroups();
+    for (auto _ : state)
+        site.control.Save();
+}
+BENCHMARK(BM_SaveTree)->Unit(benchmark::kMillisecond);
+
+void BM_LoadTree(benchmark::State& state)
+{
+    Site site(Groups * PrintersPerGroup);
+    site.startInGroups();
+    site.control.Save();
+    for (auto _ : state) {
+        auto root = std::make_shared<clsComponents>();
+        root->m_sID = QStringLiteral("GPRoot");
+        root->LoadState(QStringLiteral("Printers"));
+        benchmark::DoNotOptimize(root);
+    }
+}
+BENCHMARK(BM_LoadTree)->Unit(benchmark::kMillisecond);
+
+void BM_StartUpWithThousandNewQueues(benchmark::State& state)
+{
+    for (auto _ : state) {
+        Site site(1000);
+        site.control.UserControl_Initialize();
+        if (g_oComponents->Count() != 1000)
+            state.SkipWithError("not every queue got a node");
+    }
+}
+BENCHMARK(BM_StartUpWithThousandNewQueues)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+void BM_UpdateStatus(benchmark::State& state)
+{
+    Site site(2000);
+    site.control.UserControl_Initialize();
+    auto* printer = g_oComponents->FindPrinter(QStringLiteral("New 1999"));
+    for (auto _ : state)
+        printer->GetComponent()->RaiseStatusChanged(false);
+}
+BENCHMARK(BM_UpdateStatus)->Unit(benchmark::kMicrosecond);
+} // namespace
+
+BENCHMARK_MAIN();
