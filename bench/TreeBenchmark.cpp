@@ -98,7 +98,9 @@ void BM_LoadTree(benchmark::State& state)
     for (auto _ : state) {
         auto root = std::make_shared<clsComponents>();
         root->m_sID = QStringLiteral("GPRoot");
+        SettingsStore::Transaction snapshot(SettingsStore::process());
         root->LoadState(QStringLiteral("Printers"));
+        snapshot.commit();
         benchmark::DoNotOptimize(root);
     }
 }

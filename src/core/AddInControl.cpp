@@ -84,7 +84,12 @@ void AddInControl::LoadTree()
     g_oComponents->m_sID = RootId;
     g_oComponents->m_sName = GetMessage(23);
     g_oComponents->CreateUI();
-    g_oComponents->LoadState(QStringLiteral("Printers"));
+    {
+        // One consistent tree, even if another workstation saves while this one reads.
+        SettingsStore::Transaction snapshot(SettingsStore::process());
+        g_oComponents->LoadState(QStringLiteral("Printers"));
+        snapshot.commit();
+    }
     {
         // Every printer added here asks for a save: one is enough.
         SaveBatch batch(*this);
