@@ -2,6 +2,9 @@
 
 #include "core/AddInControl.h"
 #include "core/Globals.h"
+#include "core/MemoryContextMenus.h"
+#include "core/MemoryPagePane.h"
+#include "core/MemoryTreeView.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
 #include "printing/clsLBXHandler.h"
@@ -9,7 +12,6 @@
 #include "services/SettingsStore.h"
 #include "support/FakeApplication.h"
 #include "support/FakeTimer.h"
-#include "support/FakeTreeView.h"
 #include "support/RecordingDialogs.h"
 
 #include <QFile>
@@ -61,10 +63,12 @@ public:
         }
     }
 
-    FakeTreeView view;
+    MemoryTreeView view;
+    MemoryPagePane pages;
+    MemoryContextMenus menus;
     FakeTimer timer1{200, false};
     FakeTimer timeout{0, false};
-    AddInControl control{view, timer1, timeout};
+    AddInControl control{ControlPorts{view, pages, menus, timer1, timeout}};
 
 private:
     QTemporaryDir m_dir;

@@ -2,6 +2,9 @@
 
 #include "core/Globals.h"
 #include "core/HandlerTable.h"
+#include "core/IContextMenus.h"
+#include "core/IPagePane.h"
+#include "core/IProgressLog.h"
 #include "core/PresentTime.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
@@ -13,6 +16,7 @@
 #include "services/ErrorBox.h"
 #include "services/IDialogs.h"
 #include "services/MessageCatalogue.h"
+#include "services/SettingsAccess.h"
 #include "services/SettingsStore.h"
 #include "services/VigilError.h"
 
@@ -20,30 +24,16 @@
 
 namespace {
 const QString Context = QStringLiteral("AddInControl - ");
-const QString RootId = QStringLiteral("GPRoot");
+const QString SplitValue = QStringLiteral("Split");
 
-template <typename Step> void ignoringFailure(Step&& step)
-{
-    try {
-        step();
-    } catch (const std::exception&) {
-    }
-}
-
-void informationBox(const QString& text, const QString& title)
-{
-    IDialogs::Box box;
-    box.text = text;
-    box.title = title;
-    box.icon = IDialogs::Icon::Information;
-    IDialogs::process().show(box);
-}
 } // namespace
 
-AddInControl::AddInControl(ITreeView& treePrinters, ITimer& timer1, ITimer& tmrTimeout)
-    : m_treePrinters(treePrinters)
-    , m_timer1(timer1)
-    , m_scheduler(timer1, tmrTimeout,
+AddInControl::AddInControl(const ControlPorts& ports)
+    : m_treePrinters(ports.treePrinters)
+    , m_pages(ports.pages)
+    , m_menus(ports.menus)
+    , m_timer1(ports.timer1)
+    , m_scheduler(ports.timer1, ports.tmrTimeout,
                   {[this] { return CheckExit(); },
                    [] {
                        if (g_oComponents)
@@ -67,14 +57,30 @@ void AddInControl::UserControl_Initialize()
         m_oQueues = &GetGlobalLBX().LBX_App().Queues();
         connect(m_oQueues, &Queues::PrinterAdded, this, &AddInControl::m_oQueues_PrinterAdded);
         connect(m_oQueues, &Queues::PrinterDeleted, this, &AddInControl::m_oQueues_PrinterDeleted);
+        CaptionMenus();
         g_oAddIn = this;
         LoadTree();
         m_scheduler.UpdatePollInterval();
-        if (m_treePrinters.hasItem(RootId))
-            m_treePrinters.selectItem(RootId);
+        const QStringList items = m_treePrinters.keys();
+        if (!items.isEmpty()) {
+            m_treePrinters.selectItem(items.first());
+            treePrinters_NodeClick(items.first());
+        }
     });
     if (!started)
-        m_timer1.setEnabled(false);
+        IgnoringFailure([this] { m_timer1.setEnabled(false); });
+}
+
+void AddInControl::CaptionMenus()
+{
+    using Entry = IContextMenus::Entry;
+    const std::pair<Entry, qint32> captions[] = {
+        {Entry::GroupMenu, 422},   {Entry::GroupIdentifiers, 423},      {Entry::GroupNew, 424},
+        {Entry::GroupDelete, 425}, {Entry::GroupRename, 426},           {Entry::TreeMenu, 427},
+        {Entry::TreeDisable, 428}, {Entry::TreePrinterProperties, 430},
+    };
+    for (const auto& [entry, message] : captions)
+        m_menus.setCaption(entry, GetMessage(message));
 }
 
 void AddInControl::LoadTree()
@@ -101,8 +107,22 @@ void AddInControl::LoadTree()
         AddPrinters(*g_oComponents, added);
     }
     BuildTreeNodes(*g_oComponents, QString());
-    m_treePrinters.expandItem(RootId);
+    IgnoringFailure([this] { m_treePrinters.expandItem(RootId); });
+    RestoreSplit();
     m_scheduler.Timer1_Timer();
+}
+
+void AddInControl::RestoreSplit()
+{
+    // A split never saved keeps the pane as designed, and nothing is written back.
+    QVariant split;
+    qint32 width = -1;
+    if (ReadValue(HKEY_LOCAL_MACHINE, DefaultRootKey, SplitValue, split) == 0 &&
+        split.typeId() == QMetaType::Int)
+        width = split.toInt();
+    if (width == -1)
+        width = m_pages.splitterLeft();
+    m_pages.moveSplitter(width);
 }
 
 void AddInControl::Dispose()
@@ -111,10 +131,10 @@ void AddInControl::Dispose()
     if (g_bExiting)
         return;
     g_bExiting = true;
-    ignoringFailure([this] { m_timer1.setEnabled(false); });
-    ignoringFailure([this] { saveNow(); });
-    ignoringFailure([] { SaveOptions(); });
-    ignoringFailure([] {
+    IgnoringFailure([this] { m_timer1.setEnabled(false); });
+    IgnoringFailure([this] { saveNow(); });
+    IgnoringFailure([] { SaveOptions(); });
+    IgnoringFailure([] {
         if (g_oComponents)
             g_oComponents->ReleaseComponent();
     });
@@ -125,6 +145,7 @@ void AddInControl::Dispose()
 void AddInControl::UserControl_Hide()
 {
     Dispose();
+    IgnoringFailure([] { InstallProgressLog(nullptr); });
     g_oAddIn = nullptr;
 }
 
@@ -143,19 +164,6 @@ bool AddInControl::CheckExit()
         exiting = true;
     });
     return exiting;
-}
-
-std::optional<TreeItem> AddInControl::GetTreeNode(const QString& sID)
-{
-    if (!m_treePrinters.hasItem(sID))
-        return std::nullopt;
-    return TreeItem(m_treePrinters, sID);
-}
-
-void AddInControl::SelectTreeItem(const QString& sID)
-{
-    if (m_treePrinters.hasItem(sID))
-        m_treePrinters.selectItem(sID);
 }
 
 ImageList* AddInControl::imlList(qint32 lvbLPSize)
@@ -219,6 +227,7 @@ void AddInControl::saveNow()
             return;
         SettingsStore::Transaction transaction(SettingsStore::process());
         g_oComponents->Save(QStringLiteral("Printers"));
+        WriteValue(HKEY_LOCAL_MACHINE, DefaultRootKey, SplitValue, REG_DWORD, m_pages.treeWidth());
         if (!transaction.commit())
             throw VigilError(SettingsStore::BadDatabase, QStringLiteral("AddInControl"),
                              QStringLiteral("The tree could not be saved to %1")
@@ -299,96 +308,6 @@ void AddInControl::AddPrinterNode(clsComponents& oGroup, const QString& sName, q
         return;
     bAddNode(node, oGroup, false, bAddItem);
     Save();
-}
-
-void AddInControl::bAddNode(const std::shared_ptr<TreeNode>& oItem, clsComponents& oParent,
-                            bool bSelect, bool bAddItem)
-{
-    RunTrapped(Context + QStringLiteral("bAddNode "), [&] {
-        oItem->AddImages(m_imlSmallList, m_imlLargeList);
-        oParent.AddComponent(oItem->m_sID, oItem);
-        if (bAddItem)
-            m_treePrinters.addItem(oParent.m_sID, oItem->m_sID, oItem->TreeText(),
-                                   oItem->GetIconIndex(0));
-        if (bSelect)
-            m_treePrinters.selectItem(oItem->m_sID);
-    });
-}
-
-void AddInControl::BuildTreeNodes(clsComponents& oGroup, const QString& sParentKey)
-{
-    m_treePrinters.setVisible(false);
-    oGroup.AddImages(m_imlSmallList, m_imlLargeList);
-    m_treePrinters.addItem(sParentKey, oGroup.m_sID, oGroup.TreeText(), oGroup.GetIconIndex(0));
-    for (const auto& child : oGroup.Col().snapshot()) {
-        if (child->isGroup()) {
-            BuildTreeNodes(static_cast<clsComponents&>(*child), oGroup.m_sID);
-        } else {
-            child->AddImages(m_imlSmallList, m_imlLargeList);
-            m_treePrinters.addItem(oGroup.m_sID, child->m_sID, child->TreeText(),
-                                   child->GetIconIndex(0));
-        }
-    }
-    m_treePrinters.setVisible(true);
-}
-
-clsComponents* AddInControl::GetSelctedParent(bool)
-{
-    clsComponents* parent = nullptr;
-    RunTrapped(Context + QStringLiteral("GetSelctedParent"), [this, &parent] {
-        if (!g_oComponents)
-            return;
-        const QString selected = m_treePrinters.selectedKey();
-        TreeNode* node = selected.isEmpty() ? nullptr : g_oComponents->Find(selected);
-        if (!node)
-            node = g_oComponents.get();
-        parent = node->isGroup() ? static_cast<clsComponents*>(node)
-                                 : g_oComponents->FindParent(node->m_sID);
-    });
-    return parent;
-}
-
-void AddInControl::DeleteItem(const QString& sID, bool bAllowAny, bool bQuiet, bool bRemoveItem)
-{
-    RunTrapped(Context + QStringLiteral("DeleteItem"), [&] {
-        if (sID.isEmpty() || !IsAdministrator() || !g_oComponents)
-            return;
-        TreeNode* node = g_oComponents->Find(sID);
-        if (!node)
-            return;
-        clsComponents* parent = g_oComponents->FindParent(sID);
-        if (!parent) {
-            informationBox(GetMessage(2), GetErrorTitle(QString()));
-            return;
-        }
-        const bool isGroup = node->isGroup();
-        if (!bAllowAny) {
-            if (!isGroup)
-                return;
-            if (node->Contains(QStringLiteral("ID"))) {
-                informationBox(GetMessage(3), QStringLiteral("DeleteItem"));
-                return;
-            }
-        }
-        if (!bQuiet) {
-            IDialogs::Box question;
-            question.text = FormatMessage(22, {node->m_sName});
-            question.title = GetErrorTitle(QString());
-            question.icon = IDialogs::Icon::Question;
-            question.buttons = IDialogs::Buttons::YesNo;
-            if (IDialogs::process().show(question) != IDialogs::Answer::Yes)
-                return;
-        }
-        if (bQuiet)
-            parent->Remove(sID);
-        else
-            parent->Delete(sID);
-        if (isGroup) {
-            if (bRemoveItem)
-                m_treePrinters.removeItem(sID);
-            Save();
-        }
-    });
 }
 
 void AddInControl::m_oQueues_PrinterAdded(const QString& sName)

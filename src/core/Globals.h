@@ -19,3 +19,7 @@ extern QString g_sNoPrinter;
 
 // Whether a walk of the tree may go on: the control is there and not going down.
 bool TreeWorkAllowed();
+
+// Runs once, before the first control: the word for "no printer chosen" from the messages,
+// and nothing going down yet.
+void LibraryStart();

@@ -16,7 +16,5 @@ public:
     void ShowMe() override {}
 
 private:
-    void write(const QString& line);
-
     FILE* m_stream;
 };

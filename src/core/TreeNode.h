@@ -2,13 +2,14 @@
 
 #include <QDateTime>
 #include <QString>
+#include <memory>
 #include <optional>
 
 class ImageList;
 
 // What a group and a printer node both answer, so that a walk of the tree can call the same
 // operation on either. The first two letters of the id tell which one a node is.
-class TreeNode
+class TreeNode : public std::enable_shared_from_this<TreeNode>
 {
 public:
     virtual ~TreeNode() = default;

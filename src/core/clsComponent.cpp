@@ -4,25 +4,16 @@
 #include "core/ErrorColours.h"
 #include "core/Globals.h"
 #include "core/HandlerTable.h"
+#include "core/IPage.h"
 #include "core/ImageList.h"
 #include "core/PresentTime.h"
 #include "core/StoredNode.h"
 #include "core/clsComponents.h"
 #include "services/ApplicationOptions.h"
+#include "services/ErrorBox.h"
 #include "services/NumericUtilities.h"
 #include "services/TextUtilities.h"
 #include "services/VigilError.h"
-
-namespace {
-// Runs one step whose failure the caller ignores.
-template <typename Step> void ignoringFailure(Step&& step)
-{
-    try {
-        step();
-    } catch (const std::exception&) {
-    }
-}
-} // namespace
 
 clsComponent::clsComponent() = default;
 
@@ -92,7 +83,7 @@ void clsComponent::ReleaseComponent()
 {
     if (!m_oRemoteObject)
         return;
-    ignoringFailure([this] { m_oRemoteObject->CloseDown(); });
+    IgnoringFailure([this] { m_oRemoteObject->CloseDown(); });
     m_oRemoteObject->disconnect(this);
     m_oRemoteObject.reset();
 }
@@ -124,7 +115,7 @@ bool clsComponent::ProcessResponse(const QByteArray& sReply)
 void clsComponent::SaveAll()
 {
     if (g_oAddIn)
-        ignoringFailure([] { g_oAddIn->Save(); });
+        IgnoringFailure([] { g_oAddIn->Save(); });
 }
 
 void clsComponent::Save(const QString& sKeyName)
@@ -165,10 +156,27 @@ void clsComponent::LoadState(const QString& sKeyName)
 
 void clsComponent::ShowProperties()
 {
-    ignoringFailure([this] {
+    IgnoringFailure([this] {
         if (ComponentHandler* handler = GetComponent())
             handler->ShowProperties();
     });
+}
+
+QString clsComponent::GetControlName() const
+{
+    return m_sRemoteObjectModule + QLatin1Char('.') + m_sRemoteObjectControl;
+}
+
+void clsComponent::InitialiseControl(IPage& oControl)
+{
+    oControl.Setup(m_sName, GetComponent());
+}
+
+bool clsComponent::Resize(IPage& oControl, qint16 nWidth, qint16 nHeight)
+{
+    bool resized = false;
+    IgnoringFailure([&] { resized = oControl.DoResize(nWidth, nHeight).value_or(false); });
+    return resized;
 }
 
 qsizetype clsComponent::FindStoredSetting(const QString& sSettingName) const
@@ -292,7 +300,7 @@ QString clsComponent::IconPath() const
 qint32 clsComponent::LBXPrinterType()
 {
     qint32 type = 0;
-    ignoringFailure([this, &type] {
+    IgnoringFailure([this, &type] {
         if (ComponentHandler* handler = GetComponent())
             type = handler->LBXPrinterType();
     });
@@ -309,11 +317,11 @@ void clsComponent::UpdateStatus()
     // Every step's failure is ignored and the next one runs.
     ComponentHandler* handler = m_oRemoteObject.get();
     if (handler) {
-        ignoringFailure([&] { m_sCurrentMessage = handler->CurrentFile(); });
-        ignoringFailure([&] { m_lPrintCount = handler->PrintCount(); });
+        IgnoringFailure([&] { m_sCurrentMessage = handler->CurrentFile(); });
+        IgnoringFailure([&] { m_lPrintCount = handler->PrintCount(); });
     }
     if (g_oAddIn && !m_bIsGLVComponent) {
-        ignoringFailure([this] {
+        IgnoringFailure([this] {
             if (auto item = g_oAddIn->GetTreeNode(m_sID)) {
                 item->setColours(GetErrorColour(TreePalette, false),
                                  GetErrorColour(TreePalette, true));
@@ -325,7 +333,7 @@ void clsComponent::UpdateStatus()
         for (const QString& glv : QStringList(m_asGLVs)) {
             if (glv.isEmpty())
                 continue;
-            ignoringFailure([this, &glv] {
+            IgnoringFailure([this, &glv] {
                 if (TreeNode* dashboard = GetTreeComponent(glv, false))
                     dashboard->Process();
             });

@@ -10,6 +10,8 @@
 
 // One printer of the tree, or the hidden dashboard node of a group. It holds what is
 // persistent about the printer; its handler, made on demand, holds what is live.
+class IPage;
+
 class clsComponent : public QObject, public TreeNode
 {
     Q_OBJECT
@@ -45,6 +47,13 @@ public:
     void Save(const QString& sKeyName) override;
     void LoadState(const QString& sKeyName) override;
     void ShowProperties();
+
+    // The page class this node's page is made of: module, a point, and the handler's page.
+    QString GetControlName() const;
+    // Ties a new page to this node's name and handler.
+    void InitialiseControl(IPage& oControl);
+    // Lets a page that stretches take the pane's size; false for one that doesn't.
+    bool Resize(IPage& oControl, qint16 nWidth, qint16 nHeight);
 
     void AddStoredSetting(const QString& sSettingName, const QString& sValue);
     bool GetStoredSetting(const QString& sSettingName, QString& sValue) const;

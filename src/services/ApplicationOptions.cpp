@@ -156,7 +156,8 @@ QString GetMessageFileName()
 
 QString GetHelpFileName()
 {
-    return QStringLiteral("Vigil.chm");
+    // Our help is a page of HTML, one per language beside the messages.
+    return QStringLiteral("Vigil.html");
 }
 
 QString GetIconsFolderName()

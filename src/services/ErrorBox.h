@@ -29,3 +29,12 @@ template <typename Routine> bool RunTrapped(const QString& context, Routine&& ro
         return false;
     }
 }
+
+// Runs a step whose failure the caller ignores: the step is skipped and what follows runs.
+template <typename Step> void IgnoringFailure(Step&& step)
+{
+    try {
+        step();
+    } catch (const std::exception&) {
+    }
+}

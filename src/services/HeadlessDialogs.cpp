@@ -1,6 +1,6 @@
 #include "services/HeadlessDialogs.h"
 
-#include <QRegularExpression>
+#include "services/HeadlessOutput.h"
 
 HeadlessDialogs::HeadlessDialogs(FILE* stream)
     : m_stream(stream)
@@ -8,9 +8,7 @@ HeadlessDialogs::HeadlessDialogs(FILE* stream)
 
 IDialogs::Answer HeadlessDialogs::show(const Box& box)
 {
-    std::fputs(oneLine(box).toLocal8Bit().constData(), m_stream);
-    std::fputc('\n', m_stream);
-    std::fflush(m_stream);
+    WriteHeadlessLine(m_stream, box.title + QStringLiteral(": ") + box.text);
     switch (box.buttons) {
     case Buttons::YesNo:
         return Answer::No;
@@ -20,12 +18,4 @@ IDialogs::Answer HeadlessDialogs::show(const Box& box)
         break;
     }
     return Answer::Ok;
-}
-
-QString HeadlessDialogs::oneLine(const Box& box)
-{
-    static const QRegularExpression lineBreaks(QStringLiteral("[\r\n]+"));
-    QString text = box.text;
-    text.replace(lineBreaks, QStringLiteral(" "));
-    return box.title + QStringLiteral(": ") + text;
 }

@@ -14,8 +14,6 @@ public:
     explicit HeadlessDialogs(FILE* stream = stderr);
     Answer show(const Box& box) override;
 
-    static QString oneLine(const Box& box);
-
 private:
     FILE* m_stream;
 };

@@ -10,6 +10,7 @@ class VigilError : public std::exception
 {
 public:
     // Run-time failures that the language runtime itself would raise.
+    static constexpr qint32 InvalidProcedureCall = 5;
     static constexpr qint32 Overflow = 6;
     static constexpr qint32 TypeMismatch = 13;
 

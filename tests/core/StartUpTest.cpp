@@ -1,34 +1,11 @@
-#include "core/TreeFixture.h"
-#include "printing/clsLBXHandler.h"
+#include "core/RunningControl.h"
 #include "services/SettingsAccess.h"
-#include "support/FakeApplication.h"
 
 namespace {
-// The control from start-up to going down, against an application whose queues the test
-// sets.
-class StartUpTest : public TreeFixture
+// The control from start-up to going down.
+class StartUpTest : public RunningControl
 {
 protected:
-    void SetUp() override
-    {
-        TreeFixture::SetUp();
-        g_oComponents.reset();
-        QByteArray catalogue;
-        for (int line = 1; line <= 30; ++line)
-            catalogue += line == 23 ? "All Printers\n" : line == 22 ? "Delete %1?\n" : "\n";
-        writeMessageFile(QStringLiteral("en"), catalogue);
-        m_application->administrator = true;
-        InstallApplicationFactory([this] { return m_application; });
-    }
-
-    void TearDown() override
-    {
-        m_control->UserControl_Hide();
-        ReleaseGlobalLBX();
-        InstallApplicationFactory(nullptr);
-        TreeFixture::TearDown();
-    }
-
     // A tree saved by an earlier run: a group "Hall" with the printer "Old", and "Kept" at
     // the top.
     void storeEarlierTree()
@@ -42,15 +19,6 @@ protected:
             WriteValue(HKEY_LOCAL_MACHINE, printers + "\\ID2", "ObjPrinterNumber", REG_DWORD, 900),
             0);
     }
-
-    static QStringList storedChildren(const QString& key)
-    {
-        QStringList names;
-        EnumSubKeys(HKEY_LOCAL_MACHINE, names, key);
-        return names;
-    }
-
-    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
 };
 
 TEST_F(StartUpTest, AnEmptyStoreGivesTheRootWithEveryQueue)
@@ -74,6 +42,39 @@ TEST_F(StartUpTest, AnEmptyStoreGivesTheRootWithEveryQueue)
     EXPECT_TRUE(m_timeout.isEnabled());
     EXPECT_EQ(m_timer1.interval(), 20000);
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    // The menus speak the catalogue's language, and the root's dashboard is on show.
+    EXPECT_EQ(m_menus.caption(IContextMenus::Entry::GroupRename), QStringLiteral("Rename"));
+    EXPECT_EQ(m_menus.caption(IContextMenus::Entry::TreePrinterProperties),
+              QStringLiteral("Printer properties..."));
+    EXPECT_EQ(m_pages.pageNames(), QStringList{"IDGPRoot"});
+    EXPECT_EQ(m_pages.pageClass("IDGPRoot"), DashboardPage);
+    EXPECT_EQ(m_pages.containerBackColour(), WindowBackground);
+    EXPECT_EQ(m_control->currentComponent(), g_oComponents);
+    ASSERT_NE(shownPage(), nullptr);
+    EXPECT_EQ(shownPage()->name, QStringLiteral("All Printers"));
+}
+
+TEST_F(StartUpTest, TheSplitComesBackFromTheStoreAndGoesBackOnSave)
+{
+    // Never saved: the pane keeps its design width, and the read writes nothing.
+    m_control->UserControl_Initialize();
+    EXPECT_EQ(m_pages.treeWidth(), MemoryPagePane::DesignSplit);
+    QVariant split;
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, DefaultRootKey, "Split", split), 2);
+
+    m_pages.moveSplitter(4200);
+    m_control->Save();
+    ASSERT_EQ(ReadValue(HKEY_LOCAL_MACHINE, DefaultRootKey, "Split", split), 0);
+    EXPECT_EQ(split.toInt(), 4200);
+
+    MemoryPagePane nextPanes;
+    AddInControl nextRun(ControlPorts{m_view, nextPanes, m_menus, m_timer1, m_timeout});
+    m_control->UserControl_Hide();
+    g_bExiting = false;
+    nextRun.UserControl_Initialize();
+    EXPECT_EQ(nextPanes.treeWidth(), 4200);
+    nextRun.UserControl_Hide();
 }
 
 TEST_F(StartUpTest, TheSavedTreeIsReconciledWithTheQueues)
@@ -157,5 +158,12 @@ TEST_F(StartUpTest, DisposeRunsOnceAndLetsEveryHandlerGo)
     QStringList names;
     EXPECT_FALSE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, "Printers"));
     EXPECT_TRUE(m_control->CheckExit());
+}
+TEST_F(StartUpTest, TheLibraryStartsWithTheWordForNoPrinter)
+{
+    g_bExiting = true;
+    LibraryStart();
+    EXPECT_EQ(g_sNoPrinter, QStringLiteral("<none>"));
+    EXPECT_FALSE(g_bExiting);
 }
 } // namespace

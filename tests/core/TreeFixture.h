@@ -2,6 +2,8 @@
 
 #include "core/AddInControl.h"
 #include "core/Globals.h"
+#include "core/MemoryContextMenus.h"
+#include "core/MemoryPagePane.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
 #include "services/VigilError.h"
@@ -17,7 +19,8 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        m_control = std::make_unique<AddInControl>(m_view, m_timer1, m_timeout);
+        m_control = std::make_unique<AddInControl>(
+            ControlPorts{m_view, m_pages, m_menus, m_timer1, m_timeout});
         g_oAddIn = m_control.get();
         g_bExiting = false;
         g_oComponents = std::make_shared<clsComponents>();
@@ -64,6 +67,8 @@ protected:
 
     ScriptedHandler::Registration m_scripted;
     FakeTreeView m_view;
+    MemoryPagePane m_pages;
+    MemoryContextMenus m_menus;
     FakeTimer m_timer1{200, false};
     FakeTimer m_timeout{0, false};
     std::unique_ptr<AddInControl> m_control;

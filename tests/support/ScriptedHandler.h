@@ -23,6 +23,8 @@ public:
 
     // How many handlers of the class have closed down.
     static inline int closeDowns = 0;
+    // How many have been asked to delete their printer for good.
+    static inline int deletes = 0;
 
     // The handler made last, so that a test can reach the one its node holds.
     static ScriptedHandler* last();
@@ -51,7 +53,11 @@ public:
     void ShowProperties() override { calls << QStringLiteral("ShowProperties"); }
     void SyncTime(const QDateTime& when) override;
     void CloseDown() override { ++closeDowns; }
-    void Delete() override { calls << QStringLiteral("Delete"); }
+    void Delete() override
+    {
+        calls << QStringLiteral("Delete");
+        ++deletes;
+    }
     QString CurrentFile() override { return currentFile; }
     qint32 PrintCount() override { return printCount; }
 
