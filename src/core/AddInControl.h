@@ -179,8 +179,8 @@ private:
     void AddPrinter();
     void ShowAccessDenied();
     bool IsAdministrator();
-    // The selected node when it is a printer; none for a group or no selection.
-    clsComponent* SelectedPrinter();
+    // Whether the selected printer is disabled; nothing for a group or no selection.
+    std::optional<bool> SelectedPrinterDisabled();
 
     ITreeView& m_treePrinters;
     IPagePane& m_pages;

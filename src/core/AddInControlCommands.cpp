@@ -116,9 +116,7 @@ void AddInControl::DoProperties()
 
 void AddInControl::OnUpdateDoProperties(bool& bVisible, bool& bEnabled, qint16&)
 {
-    bool printer = false;
-    IgnoringFailure([&] { printer = SelectedPrinter() != nullptr; });
-    showWhen(bVisible, bEnabled, printer);
+    showWhen(bVisible, bEnabled, SelectedPrinterDisabled().has_value());
 }
 
 void AddInControl::DoDisablePrinter()
@@ -128,12 +126,7 @@ void AddInControl::DoDisablePrinter()
 
 void AddInControl::OnUpdateDoDisablePrinter(bool& bVisible, bool& bEnabled, qint16&)
 {
-    bool enabledPrinter = false;
-    IgnoringFailure([&] {
-        clsComponent* printer = SelectedPrinter();
-        enabledPrinter = printer && !printer->Disabled();
-    });
-    showWhen(bVisible, bEnabled, enabledPrinter);
+    showWhen(bVisible, bEnabled, SelectedPrinterDisabled() == false);
 }
 
 void AddInControl::DoEnablePrinter()
@@ -143,12 +136,7 @@ void AddInControl::DoEnablePrinter()
 
 void AddInControl::OnUpdateDoEnablePrinter(bool& bVisible, bool& bEnabled, qint16&)
 {
-    bool disabledPrinter = false;
-    IgnoringFailure([&] {
-        clsComponent* printer = SelectedPrinter();
-        disabledPrinter = printer && printer->Disabled();
-    });
-    showWhen(bVisible, bEnabled, disabledPrinter);
+    showWhen(bVisible, bEnabled, SelectedPrinterDisabled() == true);
 }
 
 void AddInControl::DoSyncroniseTime()
@@ -281,8 +269,13 @@ void AddInControl::ShowAccessDenied()
     IDialogs::process().show(box);
 }
 
-clsComponent* AddInControl::SelectedPrinter()
+std::optional<bool> AddInControl::SelectedPrinterDisabled()
 {
-    TreeNode* node = GetSelectedComponent();
-    return node && !node->isGroup() ? static_cast<clsComponent*>(node) : nullptr;
+    std::optional<bool> disabled;
+    IgnoringFailure([&] {
+        TreeNode* node = GetSelectedComponent();
+        if (node && !node->isGroup())
+            disabled = node->Disabled();
+    });
+    return disabled;
 }

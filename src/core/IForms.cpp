@@ -1,21 +1,16 @@
 #include "core/IForms.h"
 
 #include "core/HeadlessForms.h"
+#include "services/ProcessWide.h"
 
-namespace {
-std::shared_ptr<IForms>& installed()
-{
-    static std::shared_ptr<IForms> forms = std::make_shared<HeadlessForms>();
-    return forms;
-}
-} // namespace
+using InstalledForms = ProcessWide<IForms, HeadlessForms>;
 
 IForms& IForms::process()
 {
-    return *installed();
+    return InstalledForms::get();
 }
 
 void IForms::install(std::shared_ptr<IForms> forms)
 {
-    installed() = forms ? std::move(forms) : std::make_shared<HeadlessForms>();
+    InstalledForms::install(std::move(forms));
 }

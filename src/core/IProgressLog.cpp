@@ -1,21 +1,16 @@
 #include "core/IProgressLog.h"
 
 #include "core/HeadlessProgressLog.h"
+#include "services/ProcessWide.h"
 
-namespace {
-std::shared_ptr<IProgressLog>& installed()
-{
-    static std::shared_ptr<IProgressLog> log = std::make_shared<HeadlessProgressLog>();
-    return log;
-}
-} // namespace
+using InstalledLog = ProcessWide<IProgressLog, HeadlessProgressLog>;
 
 IProgressLog& ProgressLog()
 {
-    return *installed();
+    return InstalledLog::get();
 }
 
 void InstallProgressLog(std::shared_ptr<IProgressLog> log)
 {
-    installed() = log ? std::move(log) : std::make_shared<HeadlessProgressLog>();
+    InstalledLog::install(std::move(log));
 }

@@ -1,21 +1,16 @@
 #include "services/IDialogs.h"
 
 #include "services/HeadlessDialogs.h"
+#include "services/ProcessWide.h"
 
-namespace {
-std::shared_ptr<IDialogs>& installed()
-{
-    static std::shared_ptr<IDialogs> dialogs = std::make_shared<HeadlessDialogs>();
-    return dialogs;
-}
-} // namespace
+using InstalledDialogs = ProcessWide<IDialogs, HeadlessDialogs>;
 
 IDialogs& IDialogs::process()
 {
-    return *installed();
+    return InstalledDialogs::get();
 }
 
 void IDialogs::install(std::shared_ptr<IDialogs> dialogs)
 {
-    installed() = dialogs ? std::move(dialogs) : std::make_shared<HeadlessDialogs>();
+    InstalledDialogs::install(std::move(dialogs));
 }
