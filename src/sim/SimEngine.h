@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+
+// The protocol of one kind of simulated printer: bytes in, the replies a printer of that
+// kind would give out. What a wire does to them (delay, fragments, silence, garbage) is
+// SimPrinter's business, not the engine's.
+class SimEngine
+{
+public:
+    virtual ~SimEngine() = default;
+
+    // Takes bytes as they arrive, in fragments of any size, and answers the whole replies
+    // now due, in order. `now` drives whatever the printer does by itself over time.
+    virtual QList<QByteArray> receive(const QByteArray& bytes, const QDateTime& now) = 0;
+};
