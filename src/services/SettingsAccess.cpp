@@ -182,20 +182,38 @@ qint32 CreateKey(const QString& key, qint32 hive)
 
 bool EnumSubKeys(qint32 hive, QStringList& names, const QString& path)
 {
-    OpenedKey opened;
-    if (opened.open(hive, DefaultRootKey + QLatin1Char('\\') + path, EnumerateRights) !=
-        SettingsStore::Success)
+    QStringList list;
+    if (!ListSubKeys(hive, DefaultRootKey + QLatin1Char('\\') + path, list))
         return false;
-    QStringList list{QString()};
+    names = QStringList{QString()};
+    for (const QString& name : std::as_const(list))
+        if (!name.isEmpty())
+            names.append(name.trimmed());
+    return true;
+}
+
+bool ListSubKeys(qint32 hive, const QString& key, QStringList& names)
+{
+    OpenedKey opened;
+    if (opened.open(hive, key, EnumerateRights) != SettingsStore::Success)
+        return false;
+    names.clear();
     QString name;
     // Past the last subkey the store answers NoMoreItems; any other failure ends the walk too.
     for (quint32 index = 0; store().enumKey(opened.handle(), index, name) == SettingsStore::Success;
-         ++index) {
-        if (!name.isEmpty())
-            list.append(name.trimmed());
-    }
-    names = list;
+         ++index)
+        names.append(name);
     return true;
+}
+
+qint32 DeleteKeyAt(qint32 hive, const QString& key)
+{
+    const qsizetype split = key.lastIndexOf(QLatin1Char('\\'));
+    OpenedKey parent;
+    const qint32 status = parent.open(hive, key.left(std::max<qsizetype>(split, 0)), ChangeRights);
+    if (status != SettingsStore::Success)
+        return status;
+    return store().deleteKeyTree(parent.handle(), key.mid(split + 1));
 }
 
 qint32 DeleteKeyTree(qint32 hive, const QString& path, const QString& name)

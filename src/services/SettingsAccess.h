@@ -40,3 +40,8 @@ qint32 CreateKey(const QString& key, qint32 hive);
 // The subkeys of default root, backslash, path, behind a leading empty element.
 bool EnumSubKeys(qint32 hive, QStringList& names, const QString& path);
 qint32 DeleteKeyTree(qint32 hive, const QString& path, const QString& name);
+
+// For keys outside the control's root, by their full path: the subkeys in the store's
+// order, false when the key can't be opened; and a key deleted with all below it.
+bool ListSubKeys(qint32 hive, const QString& key, QStringList& names);
+qint32 DeleteKeyAt(qint32 hive, const QString& key);

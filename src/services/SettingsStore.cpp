@@ -515,6 +515,42 @@ bool SettingsStore::beginTransaction()
     return true;
 }
 
+qint64 SettingsStore::dataVersion()
+{
+    if (!m_db)
+        return -1;
+    sqlite3_stmt* stmt = statement("PRAGMA data_version");
+    if (!stmt || sqlite3_step(stmt) != SQLITE_ROW)
+        return -1;
+    const qint64 version = sqlite3_column_int64(stmt, 0);
+    sqlite3_reset(stmt);
+    return version;
+}
+
+bool SettingsStore::backupTo(const QString& path, QString& problem)
+{
+    if (!m_db) {
+        problem = m_problem;
+        return false;
+    }
+    sqlite3* copy = nullptr;
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &copy,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) != SQLITE_OK) {
+        problem = QStringLiteral("%1 cannot be created: %2")
+                      .arg(path, QString::fromUtf8(sqlite3_errmsg(copy)));
+        sqlite3_close(copy);
+        return false;
+    }
+    sqlite3_backup* backup = sqlite3_backup_init(copy, "main", m_db, "main");
+    const bool copied = backup && sqlite3_backup_step(backup, -1) == SQLITE_DONE;
+    sqlite3_backup_finish(backup);
+    if (!copied)
+        problem = QStringLiteral("the copy into %1 failed: %2")
+                      .arg(path, QString::fromUtf8(sqlite3_errmsg(copy)));
+    sqlite3_close(copy);
+    return copied;
+}
+
 bool SettingsStore::commitTransaction()
 {
     if (m_transactionDepth == 0)

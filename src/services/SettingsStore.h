@@ -85,6 +85,13 @@ public:
     qint32 listValues(Handle key, QList<Value>& values);
     qint32 deleteValue(Handle key, const QString& name);
 
+    // A number that changes whenever another connection, of this process or another, has
+    // committed a change; -1 without a store. Cheap enough to ask on a timer.
+    qint64 dataVersion();
+    // A consistent copy of the whole store into a new file at that path; false with the
+    // reason in `problem` when it can't be made.
+    bool backupTo(const QString& path, QString& problem);
+
     // Many writes as one: nothing of them is seen by others until the commit, and a roll
     // back (or a transaction never committed) leaves the store as it was. Transactions nest.
     bool beginTransaction();

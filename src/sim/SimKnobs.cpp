@@ -29,7 +29,8 @@ std::optional<SimKnobs> SimKnobs::fromJson(const QJsonObject& object, QString& e
     for (auto it = object.begin(); it != object.end(); ++it) {
         const QJsonValue value = it.value();
         if (value.isBool())
-            values.insert(it.key(), value.toBool() ? QStringLiteral("true") : QStringLiteral("false"));
+            values.insert(it.key(),
+                          value.toBool() ? QStringLiteral("true") : QStringLiteral("false"));
         else if (value.isDouble())
             values.insert(it.key(), QString::number(value.toDouble(), 'g', 17));
         else if (value.isString())

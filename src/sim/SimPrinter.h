@@ -3,8 +3,8 @@
 #include "sim/SimEngine.h"
 #include "sim/SimKnobs.h"
 
-#include <QList>
 #include <QElapsedTimer>
+#include <QList>
 #include <QObject>
 #include <QRandomGenerator>
 #include <QTimer>

@@ -1,0 +1,22 @@
+#include "platform/lbx/FloodGuard.h"
+
+#include <algorithm>
+
+QByteArray FloodGuard::admit(const QByteArray& bytes, qint64 nowMs, bool& floodBegan)
+{
+    floodBegan = false;
+    if (nowMs - m_windowStart >= 1000) {
+        // A whole second under the cap ends a flood.
+        if (m_bytesInWindow <= BytesPerSecond)
+            m_bFlooding = false;
+        m_windowStart = nowMs;
+        m_bytesInWindow = 0;
+    }
+    const qint64 room = std::max<qint64>(0, BytesPerSecond - m_bytesInWindow);
+    m_bytesInWindow += bytes.size();
+    if (bytes.size() <= room)
+        return bytes;
+    floodBegan = !m_bFlooding;
+    m_bFlooding = true;
+    return bytes.left(room);
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/lbx/Transport.h"
+
+#include <memory>
+
+struct PortAddress;
+
+// The wire a port name asks for, not yet opened.
+std::unique_ptr<Transport> CreateTransport(const PortAddress& address);
