@@ -1,9 +1,15 @@
 #include "CommandLine.h"
 
-CommandLine::CommandLine(const QStringList& words, const QSet<QString>& flags)
+CommandLine::CommandLine(const QStringList& words, const QSet<QString>& flags,
+                         const QSet<QString>& options)
 {
     bool flagsEnded = false;
+    QString pendingOption;
     for (const QString& word : words) {
+        if (!pendingOption.isEmpty()) {
+            m_values.insert(std::exchange(pendingOption, QString()), word);
+            continue;
+        }
         const bool looksLikeFlag =
             word.startsWith(QLatin1String("--")) || word == QLatin1String("-h");
         if (flagsEnded || !looksLikeFlag) {
@@ -14,10 +20,19 @@ CommandLine::CommandLine(const QStringList& words, const QSet<QString>& flags)
             m_bHelp = true;
         } else if (flags.contains(word)) {
             m_given.insert(word);
+        } else if (options.contains(word)) {
+            pendingOption = word;
         } else if (m_unknown.isEmpty()) {
             m_unknown = word;
         }
     }
+    m_missingValue = pendingOption;
+}
+
+std::optional<QString> CommandLine::value(const QString& option) const
+{
+    const auto found = m_values.constFind(option);
+    return found == m_values.constEnd() ? std::nullopt : std::optional<QString>(*found);
 }
 
 int Console::fail(const QString& message, ExitCode code) const

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QHash>
 #include <QSet>
 #include <QStringList>
 #include <QTextStream>
+#include <optional>
 
 enum ExitCode {
     ExitDone = 0,
@@ -11,15 +13,21 @@ enum ExitCode {
     ExitUnavailable = 3,
 };
 
-// The words of one command: its positional arguments and its flags. "--" ends the flags,
-// so that a value may itself begin with "--".
+// The words of one command: its positional arguments, its flags, and its options that take
+// the next word as their value. "--" ends the flags, so that a value may itself begin with
+// "--".
 class CommandLine
 {
 public:
-    CommandLine(const QStringList& words, const QSet<QString>& flags);
+    CommandLine(const QStringList& words, const QSet<QString>& flags,
+                const QSet<QString>& options = {});
 
     const QStringList& positional() const { return m_positional; }
     bool has(const QString& flag) const { return m_given.contains(flag); }
+    // The value of an option, or none when it wasn't given.
+    std::optional<QString> value(const QString& option) const;
+    // An option given last, without its value, or empty.
+    const QString& optionWithoutValue() const { return m_missingValue; }
     bool wantsHelp() const { return m_bHelp; }
     // The first word that looks like a flag this command doesn't know, or empty.
     const QString& unknownFlag() const { return m_unknown; }
@@ -27,6 +35,8 @@ public:
 private:
     QStringList m_positional;
     QSet<QString> m_given;
+    QHash<QString, QString> m_values;
+    QString m_missingValue;
     QString m_unknown;
     bool m_bHelp = false;
 };

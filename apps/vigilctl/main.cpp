@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 #include "MessageCommand.h"
+#include "QueueCommand.h"
+#include "StatusCommand.h"
 #include "StoreCommand.h"
 
 #include <QCoreApplication>
@@ -14,11 +16,13 @@ QString usage()
         "\n"
         "Commands:\n"
         "  store     read and change the settings store\n"
+        "  queue     list, add and remove the printers' queues\n"
+        "  status    poll the printers without a window and print what they say\n"
         "  message   print a message of the catalogue\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
         "Exit codes: 0 done, 1 the key or value asked for is missing, 2 a bad command line,\n"
-        "3 the store or a file cannot be used.\n");
+        "3 the store or a file cannot be used. vigilctl status has its own (see its --help).\n");
 }
 } // namespace
 
@@ -33,6 +37,10 @@ int main(int argc, char* argv[])
     const QString command = args.value(0);
     if (command == QLatin1String("store"))
         return StoreCommand(console).run(args.mid(1));
+    if (command == QLatin1String("queue"))
+        return QueueCommand(console).run(args.mid(1));
+    if (command == QLatin1String("status"))
+        return StatusCommand(console).run(args.mid(1));
     if (command == QLatin1String("message"))
         return MessageCommand(console).run(args.mid(1));
     if (command == QLatin1String("--help") || command == QLatin1String("-h") ||

@@ -88,6 +88,8 @@ void PollScheduler::Timer1_Timer()
         ProcessComponents();
         m_tmrTimeout.setEnabled(true);
         m_timer1.setEnabled(true);
+        if (m_walkEnded)
+            m_walkEnded();
         checkExit();
     });
 }
@@ -106,6 +108,8 @@ void PollScheduler::tmrTimeout_Timer()
         const qint16 seconds = timeoutSeconds(GetPollInterval());
         if (!m_bPollingDisabled && m_hooks.processTimeout)
             m_hooks.processTimeout(seconds);
+        if (m_timeoutsChecked)
+            m_timeoutsChecked();
     });
 }
 

@@ -48,6 +48,17 @@ public:
     void DoEnablePolling() { m_bPollingDisabled = false; }
     void DoDisablePolling() { m_bPollingDisabled = true; }
 
+    // For a program that watches the cycles go by: told after each walk of the tree, and
+    // after each time-out check.
+    void onWalkEnded(std::function<void()> observer) { m_walkEnded = std::move(observer); }
+    void onTimeoutsChecked(std::function<void()> observer)
+    {
+        m_timeoutsChecked = std::move(observer);
+    }
+
+    // How long a reply may take at that poll interval before it counts as lost.
+    static qint16 timeoutSeconds(qint32 pollInterval);
+
     qint32 pollInterval() const { return m_lPollInterval; }
     qint32 remainingInterval() const { return m_lRemainingInterval; }
     bool pollingDisabled() const { return m_bPollingDisabled; }
@@ -58,11 +69,12 @@ private:
     bool checkExit() const;
 
     static qint32 timeoutPeriod(qint32 pollInterval);
-    static qint16 timeoutSeconds(qint32 pollInterval);
 
     ITimer& m_timer1;
     ITimer& m_tmrTimeout;
     Hooks m_hooks;
+    std::function<void()> m_walkEnded;
+    std::function<void()> m_timeoutsChecked;
     // The interval in force on Timer1; 0 until the option is first applied.
     qint32 m_lPollInterval = 0;
     // -1: every tick polls. 0 or more: what is left to wait after the current slice.

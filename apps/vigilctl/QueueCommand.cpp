@@ -1,0 +1,178 @@
+#include "QueueCommand.h"
+
+#include "platform/lbx/LbxQueue.h"
+#include "platform/lbx/PortAddress.h"
+#include "platform/lbx/QueueStore.h"
+#include "services/SettingsStore.h"
+#include "sim/SimPrinter.h"
+
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <memory>
+#include <vector>
+
+namespace {
+const QString PortOption = QStringLiteral("--port");
+const QString TypeOption = QStringLiteral("--type");
+const QString FriendlyOption = QStringLiteral("--friendly");
+
+// Opens every queue's wire at once and waits until each has come up or given up, or the
+// time is over.
+std::vector<std::unique_ptr<LbxQueue>> probe(const QList<QueueRecord>& records, int waitMs)
+{
+    std::vector<std::unique_ptr<LbxQueue>> queues;
+    for (const QueueRecord& record : records)
+        queues.push_back(std::make_unique<LbxQueue>(record));
+    const auto settled = [&queues] {
+        return std::all_of(queues.begin(), queues.end(), [](const auto& queue) {
+            return queue->transport().state() != Transport::State::Connecting;
+        });
+    };
+    const QDeadlineTimer deadline(waitMs);
+    while (!settled() && !deadline.hasExpired()) {
+        QEventLoop loop;
+        QTimer::singleShot(20, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    return queues;
+}
+
+QString reachabilityOf(const LbxQueue& queue, int waitMs)
+{
+    switch (queue.transport().state()) {
+    case Transport::State::Connected:
+        return QStringLiteral("reachable");
+    case Transport::State::Connecting:
+        return QStringLiteral("unreachable: no answer within %1 s").arg(waitMs / 1000);
+    case Transport::State::Closed:
+    case Transport::State::Unusable:
+        break;
+    }
+    return queue.reachability();
+}
+} // namespace
+
+QueueCommand::QueueCommand(const Console& console)
+    : m_console(console)
+{}
+
+QString QueueCommand::usage()
+{
+    return QStringLiteral(
+        "Usage: vigilctl queue list\n"
+        "       vigilctl queue add NAME --port PORT --type NUMBER [--friendly TEXT]\n"
+        "       vigilctl queue remove NAME\n"
+        "\n"
+        "  list     prints each queue: name, port, printer type, and whether the port can be\n"
+        "           reached (each is tried for up to 3 s)\n"
+        "  add      adds a printer; a running program shows it within a second\n"
+        "  remove   removes a printer\n"
+        "\n"
+        "PORT is how the printer is reached:\n"
+        "  HOST:PORT                  over the network, as in 10.0.4.21:9100\n"
+        "  /dev/DEVICE[:BAUD[:8N1]]   over a serial line, as in /dev/ttyUSB0:9600:8N1\n"
+        "  sim:KIND[?KNOB=VALUE&...]  a printer simulated inside the program, as in sim:echo\n"
+        "NUMBER is the printer type, which chooses the driver.\n");
+}
+
+int QueueCommand::run(const QStringList& words)
+{
+    const CommandLine line(words, {}, {PortOption, TypeOption, FriendlyOption});
+    if (line.wantsHelp()) {
+        m_console.out << usage();
+        return ExitDone;
+    }
+    if (!line.unknownFlag().isEmpty())
+        return m_console.fail(QStringLiteral("queue: unknown option %1").arg(line.unknownFlag()),
+                              ExitBadArguments);
+    if (!line.optionWithoutValue().isEmpty())
+        return m_console.fail(
+            QStringLiteral("queue: %1 needs a value").arg(line.optionWithoutValue()),
+            ExitBadArguments);
+    if (!SettingsStore::process().isAvailable())
+        return m_console.fail(
+            QStringLiteral("the store %1 can't be used: %2")
+                .arg(SettingsStore::process().filePath(), SettingsStore::process().problem()),
+            ExitUnavailable);
+    const QString verb = line.positional().value(0);
+    const qsizetype arguments = line.positional().size() - 1;
+    if (verb == QLatin1String("list") && arguments == 0)
+        return list();
+    if (verb == QLatin1String("add") && arguments == 1)
+        return add(line);
+    if (verb == QLatin1String("remove") && arguments == 1)
+        return remove(line.positional().at(1));
+    return m_console.fail(QStringLiteral("queue: say list, add NAME or remove NAME (see vigilctl "
+                                         "queue --help)"),
+                          ExitBadArguments);
+}
+
+int QueueCommand::list()
+{
+    const QList<QueueRecord> records = QueueStore::load();
+    const auto queues = probe(records, ProbeMs);
+    QStringList names{QStringLiteral("NAME")};
+    QStringList ports{QStringLiteral("PORT")};
+    for (const QueueRecord& record : records) {
+        names << record.name;
+        ports << record.portName;
+    }
+    const auto widest = [](const QStringList& column) {
+        qsizetype width = 0;
+        for (const QString& text : column)
+            width = std::max(width, text.size());
+        return int(width) + 2;
+    };
+    const int nameWidth = widest(names);
+    const int portWidth = widest(ports);
+    m_console.out << names.first().leftJustified(nameWidth)
+                  << ports.first().leftJustified(portWidth) << QStringLiteral("TYPE   PORT STATE")
+                  << Qt::endl;
+    for (qsizetype row = 0; row < records.size(); ++row) {
+        const QueueRecord& record = records.at(row);
+        m_console.out << record.name.leftJustified(nameWidth)
+                      << record.portName.leftJustified(portWidth)
+                      << QString::number(record.printerNumber).leftJustified(7)
+                      << reachabilityOf(*queues.at(row), ProbeMs) << Qt::endl;
+    }
+    return ExitDone;
+}
+
+int QueueCommand::add(const CommandLine& line)
+{
+    const std::optional<QString> port = line.value(PortOption);
+    const std::optional<QString> type = line.value(TypeOption);
+    if (!port || !type)
+        return m_console.fail(QStringLiteral("queue add: --port and --type are needed"),
+                              ExitBadArguments);
+    bool ok = false;
+    const int number = type->toInt(&ok);
+    if (!ok || number < 1 || number > 32767)
+        return m_console.fail(
+            QStringLiteral("queue add: \"%1\" is no printer type (1 to 32767)").arg(*type),
+            ExitBadArguments);
+    const PortAddress address = PortAddress::parse(*port);
+    if (address.kind == PortAddress::Kind::Unusable)
+        return m_console.fail(QStringLiteral("queue add: %1").arg(address.problem),
+                              ExitBadArguments);
+    QString refusal;
+    if (address.kind == PortAddress::Kind::Simulated &&
+        !SimPrinter::fromSpec(address.simSpec, refusal))
+        return m_console.fail(QStringLiteral("queue add: sim:%1").arg(refusal), ExitBadArguments);
+    const QString name = line.positional().at(1);
+    QString problem;
+    if (!QueueStore::add(
+            {name, address.portName, qint16(number), line.value(FriendlyOption).value_or(name)},
+            problem))
+        return m_console.fail(QStringLiteral("queue add: %1").arg(problem), ExitBadArguments);
+    return ExitDone;
+}
+
+int QueueCommand::remove(const QString& name)
+{
+    QString problem;
+    if (!QueueStore::remove(name, problem))
+        return m_console.fail(QStringLiteral("queue remove: %1").arg(problem), ExitNotFound);
+    return ExitDone;
+}

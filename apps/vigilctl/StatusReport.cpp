@@ -1,0 +1,114 @@
+#include "StatusReport.h"
+
+#include "core/ErrorColours.h"
+#include "core/clsComponent.h"
+#include "core/clsComponents.h"
+
+#include <QJsonArray>
+
+namespace {
+QString stateWord(qint32 state)
+{
+    switch (state) {
+    case StateNoAnswer:
+        return QStringLiteral("no answer");
+    case StateGood:
+        return QStringLiteral("good");
+    case StateWarning:
+        return QStringLiteral("warning");
+    case StateFault:
+        return QStringLiteral("fault");
+    case StatePortBusy:
+        return QStringLiteral("port busy");
+    case StateDisabled:
+        return QStringLiteral("disabled");
+    default:
+        return QStringLiteral("unknown");
+    }
+}
+
+QString alertOf(TreeNode& node)
+{
+    return node.isGroup() ? QString() : static_cast<clsComponent&>(node).GetHighestAlert();
+}
+
+void appendLines(TreeNode& node, int depth, QString& lines)
+{
+    const qint32 state = node.GetErrorState();
+    lines += QString(depth * 2, QLatin1Char(' ')) + QStringLiteral("%1: %2 %3, \"%4\"")
+                                                        .arg(node.m_sName)
+                                                        .arg(state)
+                                                        .arg(stateWord(state), node.TreeText());
+    const QString alert = alertOf(node);
+    if (!alert.isEmpty())
+        lines += QStringLiteral(", alert \"%1\"").arg(alert);
+    lines += QLatin1Char('\n');
+    if (node.isGroup())
+        for (const auto& child : static_cast<clsComponents&>(node).Col().snapshot())
+            appendLines(*child, depth + 1, lines);
+}
+
+void collectPrinterStates(TreeNode& node, QList<qint32>& states)
+{
+    if (!node.isGroup()) {
+        states.append(node.GetErrorState());
+        return;
+    }
+    for (const auto& child : static_cast<clsComponents&>(node).Col().snapshot())
+        collectPrinterStates(*child, states);
+}
+} // namespace
+
+QString StatusReport::text(TreeNode& root)
+{
+    QString lines;
+    appendLines(root, 0, lines);
+    return lines;
+}
+
+QJsonObject StatusReport::json(TreeNode& node)
+{
+    QJsonObject object{
+        {QStringLiteral("id"), node.m_sID},        {QStringLiteral("name"), node.m_sName},
+        {QStringLiteral("group"), node.isGroup()}, {QStringLiteral("state"), node.GetErrorState()},
+        {QStringLiteral("text"), node.TreeText()}, {QStringLiteral("alert"), alertOf(node)},
+    };
+    if (node.isGroup()) {
+        object.insert(QStringLiteral("printerNumber"), QJsonValue::Null);
+        object.insert(QStringLiteral("handler"), QJsonValue::Null);
+        QJsonArray children;
+        for (const auto& child : static_cast<clsComponents&>(node).Col().snapshot())
+            children.append(json(*child));
+        object.insert(QStringLiteral("children"), children);
+    } else {
+        auto& printer = static_cast<clsComponent&>(node);
+        printer.GetComponent();
+        object.insert(QStringLiteral("printerNumber"), printer.m_lRemoteObjectPrinterNumber);
+        object.insert(QStringLiteral("handler"), printer.m_sRemoteObjectName);
+        object.insert(QStringLiteral("children"), QJsonArray());
+    }
+    return object;
+}
+
+StatusReport::Verdict StatusReport::verdictOf(qint32 state)
+{
+    switch (state) {
+    case StateGood:
+    case StateDisabled:
+        return AllGood;
+    case StateWarning:
+        return Warning;
+    default:
+        return Critical;
+    }
+}
+
+StatusReport::Verdict StatusReport::verdict(TreeNode& root)
+{
+    QList<qint32> states;
+    collectPrinterStates(root, states);
+    Verdict worst = AllGood;
+    for (const qint32 state : std::as_const(states))
+        worst = std::max(worst, verdictOf(state));
+    return worst;
+}
