@@ -6,10 +6,7 @@
 #include "drivers/Queues.h"
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
-
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
+#include "services/EventLoopWait.h"
 
 PollWatch::PollWatch(PollScheduler& scheduler, int cycles)
     : m_scheduler(scheduler)
@@ -31,14 +28,8 @@ PollWatch::PollWatch(PollScheduler& scheduler, int cycles)
 
 bool PollWatch::waitUntilSettled(int deadlineMs)
 {
-    const QDeadlineTimer deadline(deadlineMs);
-    while (!settled()) {
-        if (deadline.hasExpired())
-            return false;
-        QEventLoop loop;
-        QTimer::singleShot(20, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
+    if (!TurnEventLoopUntil([this] { return settled(); }, deadlineMs))
+        return false;
     m_scheduler.onWalkEnded({});
     m_scheduler.onTimeoutsChecked({});
     return true;

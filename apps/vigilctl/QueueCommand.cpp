@@ -3,12 +3,10 @@
 #include "platform/lbx/LbxQueue.h"
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/QueueStore.h"
+#include "services/EventLoopWait.h"
 #include "services/SettingsStore.h"
 #include "sim/SimPrinter.h"
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
 #include <memory>
 #include <vector>
 
@@ -29,12 +27,7 @@ std::vector<std::unique_ptr<LbxQueue>> probe(const QList<QueueRecord>& records, 
             return queue->transport().state() != Transport::State::Connecting;
         });
     };
-    const QDeadlineTimer deadline(waitMs);
-    while (!settled() && !deadline.hasExpired()) {
-        QEventLoop loop;
-        QTimer::singleShot(20, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
+    TurnEventLoopUntil(settled, waitMs);
     return queues;
 }
 

@@ -7,7 +7,10 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
 
 namespace {
 // A printer on loopback that the test can talk through, cut off and bring back.
@@ -90,7 +93,48 @@ TEST(TransportTest, APortThatNamesNothingUsableLeavesTheQueueUnreachable)
         [&] { return unresolved.transport().state() == Transport::State::Closed; }, 5000));
     EXPECT_TRUE(unresolved.reachability().startsWith("unreachable: no-such-host.invalid:9100: "));
 
+    LbxQueue unplugged({QStringLiteral("Serial"), QStringLiteral("/dev/ttyVIGIL-none"), 123, {}});
+    EXPECT_TRUE(unplugged.reachability().startsWith("unreachable: /dev/ttyVIGIL-none: "))
+        << unplugged.reachability().toStdString();
+
     EXPECT_THROW(unresolved.CreateJob("/srv/labels/a.fmt", 1, false), VigilError);
+}
+
+TEST(TransportTest, ASerialPrinterTalksBothWays)
+{
+    EnsureApplication();
+    int master = -1;
+    int slave = -1;
+    char device[128] = {};
+    ASSERT_EQ(openpty(&master, &slave, device, nullptr, nullptr), 0);
+    // The printer's end is read without waiting, so that the loop keeps turning.
+    fcntl(master, F_SETFL, fcntl(master, F_GETFL) | O_NONBLOCK);
+    LbxQueue queue({QStringLiteral("Serial"), QString::fromLatin1(device) + ":19200:8N1", 123, {}});
+    ASSERT_EQ(queue.reachability(), QStringLiteral("connected"));
+    QByteArray heard;
+    QObject::connect(&queue, &Queue::DataReceived,
+                     [&](const QByteArray& bytes) { heard += bytes; });
+
+    queue.SendData("\x1b!S");
+    QByteArray atPrinter;
+    ASSERT_TRUE(WaitUntil([&] {
+        char buffer[64];
+        const ssize_t got = ::read(master, buffer, sizeof buffer);
+        if (got > 0)
+            atPrinter.append(buffer, got);
+        return atPrinter == "\x1b!S";
+    }));
+    ASSERT_EQ(::write(master,
+                      "\x02"
+                      "00\x03",
+                      4),
+              4);
+    EXPECT_TRUE(WaitUntil([&] {
+        return heard == "\x02"
+                        "00\x03";
+    }));
+    ::close(master);
+    ::close(slave);
 }
 
 TEST(TransportTest, ASimulatedPrinterAnswersLaterAsAWireWould)

@@ -1,9 +1,8 @@
 #include "support/EventLoop.h"
 
+#include "services/EventLoopWait.h"
+
 #include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
 
 void EnsureApplication()
 {
@@ -17,13 +16,5 @@ void EnsureApplication()
 bool WaitUntil(const std::function<bool()>& condition, int deadlineMs)
 {
     EnsureApplication();
-    const QDeadlineTimer deadline(deadlineMs);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QEventLoop loop;
-        QTimer::singleShot(10, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-    return true;
+    return TurnEventLoopUntil(condition, deadlineMs);
 }

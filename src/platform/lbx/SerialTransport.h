@@ -1,31 +1,26 @@
 #pragma once
 
 #include "platform/lbx/PortAddress.h"
-#include "platform/lbx/ReconnectDelay.h"
-#include "platform/lbx/Transport.h"
+#include "platform/lbx/ReconnectingTransport.h"
 
 #include <QSerialPort>
-#include <QTimer>
 
-// A printer on a serial line. A port that can't be opened, or is unplugged, is tried again
-// by itself, after a delay that grows while it stays away.
-class SerialTransport : public Transport
+// A printer on a serial line; an adapter that is unplugged is found again when it comes back.
+class SerialTransport : public ReconnectingTransport
 {
     Q_OBJECT
 
 public:
     explicit SerialTransport(const PortAddress& address, QObject* parent = nullptr);
-
     ~SerialTransport() override;
 
-    void open() override;
     void send(const QByteArray& bytes) override;
 
 private:
-    void openNow();
-    void lost(const QString& problem);
+    void tryToConnect() override;
+    void release() override;
+    void lostBecause(const QString& reason);
 
+    QString m_device;
     QSerialPort m_port;
-    QTimer m_retry;
-    ReconnectDelay m_delay;
 };

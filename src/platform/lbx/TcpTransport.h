@@ -1,14 +1,11 @@
 #pragma once
 
-#include "platform/lbx/ReconnectDelay.h"
-#include "platform/lbx/Transport.h"
+#include "platform/lbx/ReconnectingTransport.h"
 
 #include <QTcpSocket>
-#include <QTimer>
 
-// A printer on the network. A connection that fails or drops is tried again by itself,
-// after a delay that grows while the printer stays away.
-class TcpTransport : public Transport
+// A printer on the network.
+class TcpTransport : public ReconnectingTransport
 {
     Q_OBJECT
 
@@ -17,19 +14,15 @@ public:
     static constexpr qint64 ReadBufferBytes = 1 << 20;
 
     TcpTransport(QString host, quint16 port, QObject* parent = nullptr);
-
     ~TcpTransport() override;
 
-    void open() override;
     void send(const QByteArray& bytes) override;
 
 private:
-    void connectNow();
-    void lost(const QString& problem);
+    void tryToConnect() override;
+    void lostBecause(const QString& reason);
 
     QString m_host;
     quint16 m_port;
     QTcpSocket m_socket;
-    QTimer m_retry;
-    ReconnectDelay m_delay;
 };

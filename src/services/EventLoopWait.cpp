@@ -1,0 +1,18 @@
+#include "services/EventLoopWait.h"
+
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+bool TurnEventLoopUntil(const std::function<bool()>& condition, int deadlineMs)
+{
+    const QDeadlineTimer deadline(deadlineMs);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QEventLoop loop;
+        QTimer::singleShot(10, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    return true;
+}
