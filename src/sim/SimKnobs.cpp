@@ -65,7 +65,10 @@ qint64 SimKnobs::number(const QString& name, qint64 defaultNumber, qint64 lowest
     bool ok = false;
     const qint64 value = m_values.value(name).trimmed().toLongLong(&ok);
     if (!ok || value < lowest || value > highest) {
-        error = QStringLiteral("the knob \"%1\" must be a whole number from %2 to %3, not \"%4\"")
+        // The first bad knob is the one named.
+        if (error.isEmpty())
+            error =
+                QStringLiteral("the knob \"%1\" must be a whole number from %2 to %3, not \"%4\"")
                     .arg(name)
                     .arg(lowest)
                     .arg(highest)
@@ -87,8 +90,9 @@ bool SimKnobs::flag(const QString& name, bool defaultFlag, QString& error) const
     if (value == QLatin1String("0") || value == QLatin1String("false") ||
         value == QLatin1String("no") || value == QLatin1String("off"))
         return false;
-    error = QStringLiteral("the knob \"%1\" must be true or false, not \"%2\"")
-                .arg(name, m_values.value(name));
+    if (error.isEmpty())
+        error = QStringLiteral("the knob \"%1\" must be true or false, not \"%2\"")
+                    .arg(name, m_values.value(name));
     return defaultFlag;
 }
 
@@ -103,8 +107,13 @@ QStringList SimKnobs::unreadNames() const
 
 QString SimKnobs::toQuery() const
 {
+    // QUrlQuery takes a "%XX" it is given as already encoded: a '%' must go in as "%25" to
+    // come back as itself.
+    const auto literal = [](QString text) {
+        return text.replace(QLatin1Char('%'), QLatin1String("%25"));
+    };
     QUrlQuery query;
     for (auto it = m_values.begin(); it != m_values.end(); ++it)
-        query.addQueryItem(it.key(), it.value());
+        query.addQueryItem(literal(it.key()), literal(it.value()));
     return query.toString(QUrl::FullyEncoded);
 }

@@ -5,6 +5,7 @@
 std::unique_ptr<SimPrinter> SimPrinter::create(const QString& kind, const SimKnobs& knobs,
                                                QString& error)
 {
+    error.clear();
     std::unique_ptr<SimEngine> engine = SimRegistry::create(kind, knobs, error);
     if (!engine)
         return nullptr;

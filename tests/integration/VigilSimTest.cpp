@@ -1,0 +1,378 @@
+// vigil-sim as a load test runs it: a real process serving simulated printers on real sockets.
+
+#include "support/EventLoop.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace {
+struct Outcome
+{
+    int code = -1;
+    QString out;
+    QString err;
+};
+
+struct Served
+{
+    QString kind;
+    QString host;
+    quint16 port = 0;
+};
+
+bool isOneLine(const QString& text)
+{
+    return text.count(QLatin1Char('\n')) == 1 && text.endsWith(QLatin1Char('\n'));
+}
+
+// Connected to one served printer; what comes back is kept piece by piece, as read.
+class Client
+{
+public:
+    explicit Client(const Served& printer)
+    {
+        QObject::connect(&m_socket, &QTcpSocket::readyRead, &m_socket,
+                         [this] { pieces.append(m_socket.readAll()); });
+        m_socket.connectToHost(printer.host, printer.port);
+        EXPECT_TRUE(WaitUntil([this] {
+            return m_socket.state() == QAbstractSocket::ConnectedState;
+        })) << printer.host.toStdString()
+            << ":" << printer.port;
+    }
+
+    // What came back once as many bytes as `bytes` have, after sending them.
+    QByteArray echo(const QByteArray& bytes)
+    {
+        pieces.clear();
+        m_socket.write(bytes);
+        EXPECT_TRUE(WaitUntil([&] { return received().size() >= bytes.size(); }))
+            << "sent \"" << bytes.toStdString() << "\", got \"" << received().toStdString() << "\"";
+        return received();
+    }
+
+    QByteArray received() const { return pieces.join(); }
+    void disconnect()
+    {
+        m_socket.disconnectFromHost();
+        EXPECT_TRUE(
+            WaitUntil([this] { return m_socket.state() == QAbstractSocket::UnconnectedState; }));
+    }
+
+    QList<QByteArray> pieces;
+
+private:
+    QTcpSocket m_socket;
+};
+
+class VigilSimTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        EnsureApplication();
+        ASSERT_TRUE(m_dir.isValid());
+    }
+
+    void TearDown() override
+    {
+        if (m_server.state() != QProcess::NotRunning) {
+            m_server.kill();
+            m_server.waitForFinished(5000);
+        }
+    }
+
+    QString writeScenario(const QByteArray& json, const QString& name = "scenario.json")
+    {
+        QFile file(m_dir.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(json);
+        return file.fileName();
+    }
+
+    static Outcome run(const QStringList& args)
+    {
+        QProcess process;
+        process.start(QStringLiteral(VIGIL_SIM_PATH), args);
+        EXPECT_TRUE(process.waitForFinished(10000)) << args.join(' ').toStdString();
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    // Starts serving the scenario and answers the printers served, by name, once there are
+    // `count` of them and `errorLines` lines on stderr.
+    QMap<QString, Served> serve(const QString& scenarioPath, int count, int errorLines = 0)
+    {
+        m_server.start(QStringLiteral(VIGIL_SIM_PATH), {scenarioPath});
+        const bool ready = WaitUntil([&] {
+            m_out += QString::fromUtf8(m_server.readAllStandardOutput());
+            m_err += QString::fromUtf8(m_server.readAllStandardError());
+            return m_out.count(QLatin1Char('\n')) >= count &&
+                   m_err.count(QLatin1Char('\n')) >= errorLines;
+        });
+        EXPECT_TRUE(ready) << "out: " << m_out.toStdString() << "err: " << m_err.toStdString();
+
+        static const QRegularExpression servingLine(
+            QStringLiteral(R"re(^serving (\S+) "(.*)" at (.+):(\d+)$)re"));
+        QMap<QString, Served> served;
+        for (const QString& line : m_out.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            const QRegularExpressionMatch match = servingLine.match(line);
+            EXPECT_TRUE(match.hasMatch()) << line.toStdString();
+            served.insert(match.captured(2),
+                          {match.captured(1), match.captured(3), match.captured(4).toUShort()});
+        }
+        return served;
+    }
+
+    // Sends the server a signal and answers whether it ended as it should: at once, with 0.
+    bool endsCleanlyOn(int signalNumber)
+    {
+        ::kill(pid_t(m_server.processId()), signalNumber);
+        return m_server.waitForFinished(5000) && m_server.exitStatus() == QProcess::NormalExit &&
+               m_server.exitCode() == 0;
+    }
+
+    QTemporaryDir m_dir;
+    QProcess m_server;
+    QString m_out;
+    QString m_err;
+};
+
+TEST_F(VigilSimTest, EchoPrintersAnswerOverTcpEachAtItsOwnAddress)
+{
+    const QString scenario = writeScenario(R"({"printers": [
+        {"name": "Plain", "kind": "echo", "listen": "127.0.0.2:0"},
+        {"name": "In pieces", "kind": "echo", "listen": "127.0.0.3:0",
+         "knobs": {"delay": 1, "fragment": 3, "gap": 30}},
+        {"kind": "echo", "listen": "127.0.0.4:0"}
+    ]})");
+    const QMap<QString, Served> served = serve(scenario, 3);
+    ASSERT_EQ(served.keys(), QStringList({"127.0.0.4:0", "In pieces", "Plain"}));
+    EXPECT_EQ(served["Plain"].host, QStringLiteral("127.0.0.2"));
+    EXPECT_EQ(served["In pieces"].host, QStringLiteral("127.0.0.3"));
+    EXPECT_EQ(served["Plain"].kind, QStringLiteral("echo"));
+    EXPECT_NE(served["Plain"].port, 0);
+
+    Client plain(served["Plain"]);
+    EXPECT_EQ(plain.echo("hello, printer\n"), "hello, printer\n");
+
+    Client inPieces(served["In pieces"]);
+    EXPECT_EQ(inPieces.echo("0123456789AB"), "0123456789AB");
+    EXPECT_GE(inPieces.pieces.size(), 2);
+
+    // The printer stays when its client goes, for the next one.
+    inPieces.disconnect();
+    Client again(served["In pieces"]);
+    EXPECT_EQ(again.echo("back"), "back");
+
+    EXPECT_TRUE(endsCleanlyOn(SIGTERM)) << m_server.exitCode();
+    EXPECT_TRUE(m_err.isEmpty()) << m_err.toStdString();
+}
+
+TEST_F(VigilSimTest, EveryClientOfAPrinterHearsWhatItSays)
+{
+    const QMap<QString, Served> served = serve(
+        writeScenario(R"({"printers": [{"name": "P", "kind": "echo", "listen": "127.0.0.2:0"}]})"),
+        1);
+    Client earlier(served["P"]);
+    EXPECT_EQ(earlier.echo("1"), "1");
+    // The later client's bytes can only be answered once it is taken on, so the earlier one
+    // hears that answer for sure.
+    Client later(served["P"]);
+    EXPECT_EQ(later.echo("2"), "2");
+    EXPECT_TRUE(WaitUntil([&] { return earlier.received() == "12"; }))
+        << earlier.received().toStdString();
+}
+
+TEST_F(VigilSimTest, SigintAndSigtermEndItWithExitZero)
+{
+    const QString scenario =
+        writeScenario(R"({"printers": [{"name": "P", "kind": "echo", "listen": "127.0.0.2:0"}]})");
+    for (const int signalNumber : {SIGINT, SIGTERM}) {
+        m_out.clear();
+        const Served printer = serve(scenario, 1).value("P");
+        ASSERT_NE(printer.port, 0);
+        EXPECT_TRUE(endsCleanlyOn(signalNumber))
+            << "signal " << signalNumber << ": exit " << m_server.exitCode();
+
+        QTcpSocket socket;
+        socket.connectToHost(printer.host, printer.port);
+        EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
+        EXPECT_EQ(socket.error(), QAbstractSocket::ConnectionRefusedError);
+    }
+}
+
+TEST_F(VigilSimTest, APrinterThatCannotBeServedIsNamedAndTheOthersServed)
+{
+    QTcpServer occupant;
+    ASSERT_TRUE(occupant.listen(QHostAddress(QStringLiteral("127.0.0.5")), 0));
+    const QString busy = QStringLiteral("127.0.0.5:%1").arg(occupant.serverPort());
+    const QString scenario = writeScenario(QStringLiteral(R"({"printers": [
+        {"name": "Busy", "kind": "echo", "listen": "%1"},
+        {"name": "Zebra", "kind": "zebra", "listen": "127.0.0.6:0"},
+        {"name": "Good", "kind": "echo", "listen": "127.0.0.6:0"},
+        {"name": "Bad delay", "kind": "echo", "listen": "127.0.0.6:0", "knobs": {"delay": -5}},
+        {"name": "Colour", "kind": "echo", "listen": "127.0.0.6:0", "knobs": {"colour": "red"}},
+        {"name": "Far away", "kind": "echo", "listen": "192.0.2.1:9100"},
+        {"name": "No port", "kind": "echo", "listen": "127.0.0.7"}
+    ]})")
+                                               .arg(busy)
+                                               .toUtf8());
+    const QMap<QString, Served> served = serve(scenario, 1, 6);
+    ASSERT_EQ(served.keys(), QStringList({"Good"}));
+    Client good(served["Good"]);
+    EXPECT_EQ(good.echo("still here"), "still here");
+
+    const QStringList lines = m_err.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QList<std::pair<QString, QString>> expected{
+        {"Busy", busy},       {"Zebra", "zebra"},        {"Bad delay", "delay"},
+        {"Colour", "colour"}, {"Far away", "192.0.2.1"}, {"No port", "127.0.0.7"}};
+    ASSERT_EQ(lines.size(), expected.size()) << m_err.toStdString();
+    for (qsizetype index = 0; index < lines.size(); ++index) {
+        const auto& [name, reason] = expected.at(index);
+        EXPECT_TRUE(lines.at(index).startsWith(QStringLiteral("vigil-sim: \"%1\"").arg(name)) &&
+                    lines.at(index).contains(reason))
+            << lines.at(index).toStdString();
+    }
+    EXPECT_TRUE(endsCleanlyOn(SIGTERM));
+}
+
+TEST_F(VigilSimTest, WithNothingToServeItExitsOne)
+{
+    const QString bad = writeScenario(R"({"printers": [
+        {"name": "Zebra", "kind": "zebra", "listen": "127.0.0.2:0"},
+        {"name": "Far away", "kind": "echo", "listen": "192.0.2.1:9100"}
+    ]})");
+    const Outcome outcome = run({bad});
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_TRUE(outcome.out.isEmpty()) << outcome.out.toStdString();
+    EXPECT_EQ(outcome.err.count(QLatin1Char('\n')), 3) << outcome.err.toStdString();
+
+    EXPECT_EQ(run({writeScenario(R"({"printers": []})", "empty.json")}).code, 1);
+}
+
+TEST_F(VigilSimTest, ABadScenarioFileOrCommandLineExitsTwoWithOneLine)
+{
+    const QList<QByteArray> badFiles{
+        "not json",
+        R"([{"kind": "echo", "listen": "127.0.0.2:0"}])",
+        R"({"printers": {}})",
+        R"({"printers": [1]})",
+        R"({"printers": [{"listen": "127.0.0.2:0"}]})",
+        R"({"printers": [{"kind": "echo", "listen": 9100}]})",
+        R"({"printers": [{"kind": "echo", "listen": "127.0.0.2:0", "name": 7}]})",
+        R"({"printers": [{"kind": "echo", "listen": "127.0.0.2:0", "knobs": [1]}]})",
+        R"({"printers": [{"kind": "echo", "listen": "127.0.0.2:0", "knob": {}}]})",
+        R"({"printers": [], "printer": []})",
+    };
+    for (const QByteArray& json : badFiles) {
+        const QString path = writeScenario(json, QStringLiteral("bad.json"));
+        const Outcome outcome = run({path});
+        EXPECT_EQ(outcome.code, 2) << json.toStdString();
+        EXPECT_TRUE(outcome.out.isEmpty());
+        EXPECT_TRUE(isOneLine(outcome.err) &&
+                    outcome.err.startsWith(QStringLiteral("vigil-sim: ")) &&
+                    outcome.err.contains(path))
+            << json.toStdString() << ": " << outcome.err.toStdString();
+    }
+
+    const QList<QStringList> badLines{
+        {m_dir.filePath(QStringLiteral("missing.json"))},
+        {"a.json", "b.json"},
+        {"--port", "9100", "a.json"},
+        {"--frobnicate"},
+    };
+    for (const QStringList& args : badLines) {
+        const Outcome outcome = run(args);
+        EXPECT_EQ(outcome.code, 2) << args.join(' ').toStdString();
+        EXPECT_TRUE(isOneLine(outcome.err)) << outcome.err.toStdString();
+    }
+    EXPECT_EQ(run({}).code, 2);
+
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_TRUE(help.out.startsWith(QStringLiteral("Usage: vigil-sim"))) << help.out.toStdString();
+}
+
+TEST_F(VigilSimTest, MakeScenarioPutsEachPrinterAtItsOwnLoopbackAddress)
+{
+    const Outcome three = run({"--make-scenario", "3", "echo"});
+    ASSERT_EQ(three.code, 0) << three.err.toStdString();
+    const QJsonArray printers =
+        QJsonDocument::fromJson(three.out.toUtf8()).object().value("printers").toArray();
+    ASSERT_EQ(printers.size(), 3) << three.out.toStdString();
+    QSet<QString> addresses;
+    for (qsizetype index = 0; index < printers.size(); ++index) {
+        const QJsonObject printer = printers.at(index).toObject();
+        EXPECT_EQ(printer.value("name").toString(), QStringLiteral("echo %1").arg(index + 1));
+        EXPECT_EQ(printer.value("kind").toString(), QStringLiteral("echo"));
+        EXPECT_TRUE(printer.value("listen").toString().startsWith(QStringLiteral("127.")));
+        EXPECT_TRUE(printer.value("listen").toString().endsWith(QStringLiteral(":9100")));
+        addresses.insert(printer.value("listen").toString());
+    }
+    EXPECT_EQ(addresses.size(), 3);
+
+    // Past 127.0.0.255 the count carries into the next octet.
+    const Outcome many = run({"--make-scenario", "300", "echo", "--port", "9200"});
+    ASSERT_EQ(many.code, 0) << many.err.toStdString();
+    const QJsonArray fleet =
+        QJsonDocument::fromJson(many.out.toUtf8()).object().value("printers").toArray();
+    ASSERT_EQ(fleet.size(), 300);
+    EXPECT_EQ(fleet.at(253).toObject().value("listen").toString(), "127.0.0.255:9200");
+    EXPECT_EQ(fleet.at(254).toObject().value("listen").toString(), "127.0.1.0:9200");
+    EXPECT_EQ(fleet.at(299).toObject().value("listen").toString(), "127.0.1.45:9200");
+}
+
+TEST_F(VigilSimTest, AMadeScenarioIsServedAsWritten)
+{
+    const Outcome made =
+        run({"--make-scenario", "2", "echo", "--port", "0", "--knobs", "fragment=2&gap=30"});
+    ASSERT_EQ(made.code, 0) << made.err.toStdString();
+    const QJsonObject knobs = QJsonDocument::fromJson(made.out.toUtf8())
+                                  .object()
+                                  .value("printers")
+                                  .toArray()
+                                  .at(0)
+                                  .toObject()
+                                  .value("knobs")
+                                  .toObject();
+    EXPECT_EQ(knobs, QJsonObject({{"fragment", 2}, {"gap", 30}}));
+
+    const QMap<QString, Served> served = serve(writeScenario(made.out.toUtf8()), 2);
+    ASSERT_EQ(served.keys(), QStringList({"echo 1", "echo 2"}));
+    EXPECT_EQ(served["echo 1"].host, QStringLiteral("127.0.0.2"));
+    EXPECT_EQ(served["echo 2"].host, QStringLiteral("127.0.0.3"));
+    Client client(served["echo 2"]);
+    EXPECT_EQ(client.echo("abcdef"), "abcdef");
+    EXPECT_GE(client.pieces.size(), 2);
+}
+
+TEST_F(VigilSimTest, MakeScenarioRefusesWhatCannotBeServed)
+{
+    const QList<QStringList> refused{
+        {"--make-scenario", "0", "echo"},
+        {"--make-scenario", "many", "echo"},
+        {"--make-scenario", "16777214", "echo"},
+        {"--make-scenario", "2", "zebra"},
+        {"--make-scenario", "2", "echo", "--knobs", "colour=red"},
+        {"--make-scenario", "2", "echo", "--knobs", "delay=soon"},
+        {"--make-scenario", "2", "echo", "--port", "65536"},
+        {"--make-scenario", "2"},
+    };
+    for (const QStringList& args : refused) {
+        const Outcome outcome = run(args);
+        EXPECT_EQ(outcome.code, 2) << args.join(' ').toStdString();
+        EXPECT_TRUE(outcome.out.isEmpty()) << outcome.out.toStdString();
+        EXPECT_TRUE(isOneLine(outcome.err))
+            << args.join(' ').toStdString() << ": " << outcome.err.toStdString();
+    }
+}
+} // namespace
