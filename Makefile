@@ -25,6 +25,7 @@ test: build
 bench: build
 	$(BUILD)/bin/bench_store
 	$(BUILD)/bin/bench_tree
+	$(BUILD)/bin/bench_dominoc
 	$(BUILD)/bin/bench_queues
 
 format:

@@ -1,6 +1,7 @@
 #include "core/HandlerTable.h"
 
 #include "core/GroupHandler.h"
+#include "drivers/clsDominoHandlerC.h"
 #include "drivers/clsLBXPrinterHandler.h"
 
 #include <QList>
@@ -23,10 +24,11 @@ template <typename Handler> HandlerTable::Factory make()
 
 QList<HandlerClass>& classes()
 {
-    // The Domino and Avery kinds come with their drivers, at ranks 2 to 4; until one is
-    // here, its numbers fall to the local label printer.
+    // The A-series and Avery kinds come with their drivers, at ranks 3 and 4; until then
+    // their numbers fall to the local label printer.
     static QList<HandlerClass> table = {
         {1, QStringLiteral("GroupHandler"), make<GroupHandler>()},
+        {2, QStringLiteral("clsDominoHandlerC"), make<clsDominoHandlerC>()},
         {5, QStringLiteral("clsLBXPrinterHandler"), make<clsLBXPrinterHandler>()},
     };
     return table;

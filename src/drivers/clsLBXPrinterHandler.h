@@ -1,15 +1,11 @@
 #pragma once
 
-#include "core/ComponentHandler.h"
-
-#include <QPointer>
-
-class Queue;
+#include "drivers/QueuedPrinterHandler.h"
 
 // The handler of a printer the program can't talk to on its own: any queue whose number no
 // other handler claims. It sends nothing; it mirrors the queue's events into the progress
 // log and keeps the node's status up to date.
-class clsLBXPrinterHandler : public ComponentHandler
+class clsLBXPrinterHandler : public QueuedPrinterHandler
 {
     Q_OBJECT
 
@@ -19,36 +15,26 @@ public:
     bool Initialise(clsComponent* oComponent, const QString& sKey, const QString& sName) override;
     void Process() override;
     void ProcessTimeout(qint16) override {}
-    QString HandlerFreindlyName() override;
     QString PrinterIcon(qint32 lvbLPSize) override;
     qint32 GetErrorState() override;
     QString HighestAlert() override { return {}; }
-    qint32 LBXPrinterType() override;
     bool IsPrinterTypeSupported(qint32) const override { return true; }
     QString GetControlName() const override { return QStringLiteral("ctlLBXPrinterUI"); }
     QString GetObjectName() const override { return QStringLiteral("clsLBXPrinterHandler"); }
-    void ShowProperties() override;
     void SyncTime(const QDateTime&) override {}
-    void CloseDown() override;
 
-    void Delete() override;
     QString CurrentFile() override { return {}; }
     // No count to show.
     qint32 PrintCount() override { return -1; }
     void ProcessResponse(const QByteArray&) override {}
     bool PortBusy() override { return m_bPortBusy; }
     void setPortBusy(bool busy) override;
-    QString Port() override;
 
     qint32 lastPrintStatus() const { return m_lLastPrintStatus; }
 
 private:
-    void m_oQueue_PrintItemStatusChanged(const QString& item, qint32 status,
-                                         const QString& details);
-    void m_oQueue_Error(qint32 number, const QString& text);
-    void m_oQueue_Message(const QString& text);
+    void printStatusArrived(qint32 status) override;
 
-    QPointer<Queue> m_oQueue;
     QString m_sID;
     qint32 m_lLastPrintStatus = 0;
     bool m_bPortBusy = false;

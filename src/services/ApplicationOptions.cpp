@@ -88,6 +88,13 @@ void ApplicationOptions::saveOptions()
     m_bLoaded = false;
 }
 
+qint16 ApplicationOptions::getPrintsRemainingInkLowLimit()
+{
+    if (!m_bLoaded)
+        loadOptions();
+    return m_nPrintsRemainingInkLowLimit;
+}
+
 QString ApplicationOptions::getMessageFolder()
 {
     if (!m_bLoaded)

@@ -17,7 +17,7 @@ public:
     // Clamps the value to the allowed range and keeps it; saved by saveOptions.
     qint32 setPollIntervalOption(qint32 value);
     void saveOptions();
-    qint16 getPrintsRemainingInkLowLimit() const { return m_nPrintsRemainingInkLowLimit; }
+    qint16 getPrintsRemainingInkLowLimit();
     QString getMessageFolder();
     QString applyBranding(const QString& text);
 

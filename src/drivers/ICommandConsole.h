@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <optional>
+
+// The command test console: a window in which a service engineer sends a printer raw
+// commands and reads the raw replies. The desktop program installs the factory of its
+// window; without one there is no console.
+class ICommandConsole
+{
+public:
+    virtual ~ICommandConsole() = default;
+
+    // Set-up for a printer kind: whether the type selector and "show as text" are on, and
+    // whether replies are framed as the A-series frames them.
+    virtual void configure(bool typeSelector, bool showAsText, bool aSeries) = 0;
+    virtual void addCommand(const QString& label, char commandByte) = 0;
+    // Shown modally: returns when the engineer closes it.
+    virtual void showModal() = 0;
+    virtual void close() = 0;
+    virtual bool isVisible() const = 0;
+    // The command byte chosen, followed by the data typed; none when nothing is chosen.
+    virtual std::optional<QByteArray> currentCommand() const = 0;
+    virtual void SetResponseString(const QString& response) = 0;
+
+    using Factory = std::function<std::unique_ptr<ICommandConsole>()>;
+    static void installFactory(Factory factory);
+    // None when no program installed a console.
+    static std::unique_ptr<ICommandConsole> create();
+};
