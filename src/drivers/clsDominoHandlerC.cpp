@@ -213,7 +213,9 @@ bool clsDominoHandlerC::ProcessResponse(const QByteArray& sReply, bool bSuppress
     bool result = false;
     RunTrapped(Context + QStringLiteral("ProcessResponse"), [&] {
         setPortBusy(false);
-        m_dtLastFragment = PresentTime();
+        // Until the reply is whole and read, it counts as gone wrong.
+        m_eUnfinished = Unfinished::Failed;
+        m_dtUnfinishedSince = PresentTime();
         clsResponseStitcher::StitchStatus status = m_stitcher.StitchResponse(sReply, m_nStage);
         if (status == clsResponseStitcher::StitchError) {
             const QByteArray error = m_stitcher.LastError();
@@ -228,18 +230,20 @@ bool clsDominoHandlerC::ProcessResponse(const QByteArray& sReply, bool bSuppress
             }
         }
         m_bAcceptNakOnce = false;
-        if (status == clsResponseStitcher::StitchIncomplete &&
-            m_stitcher.heldBytes() > LongestReply) {
-            // A reply that never ends isn't kept: the stage ends one time-out later.
-            m_stitcher.GetCompleteResponse(true);
+        if (status == clsResponseStitcher::StitchIncomplete) {
+            m_eUnfinished = Unfinished::Incomplete;
+            // A reply that never ends isn't kept: it is lost one time-out later.
+            if (m_stitcher.heldBytes() > LongestReply)
+                m_stitcher.GetCompleteResponse(true);
             return;
         }
         if (status != clsResponseStitcher::StitchComplete &&
             status != clsResponseStitcher::StitchSurplus)
             return;
+        // A reply that can't be read stays a failed one.
         if (finishReply(m_stitcher.GetCompleteResponse(true), bNoAdvance))
             result = true;
-        m_dtLastFragment = QDateTime();
+        m_eUnfinished = Unfinished::None;
         if (m_nStage == StageIdle && queue())
             queue()->setReplyWanted(false);
         RaiseStatusChanged(bSuppress);
@@ -338,17 +342,26 @@ void clsDominoHandlerC::ProcessTimeout(qint16 nTimeout_seconds)
         emit StatusChanged();
         return;
     }
-    if (m_dtLastFragment.isValid() && m_dtLastFragment.secsTo(now) >= nTimeout_seconds)
-        endStuckStage();
+    if (m_eUnfinished != Unfinished::None && m_dtUnfinishedSince.secsTo(now) >= nTimeout_seconds)
+        endUnfinishedReply();
 }
 
-void clsDominoHandlerC::endStuckStage()
+void clsDominoHandlerC::endUnfinishedReply()
 {
-    // A reply that began and never finished, failed, or couldn't be read leaves its stage
-    // with no clock running; without this the printer would never be polled again.
-    m_dtLastFragment = QDateTime();
-    if (m_nStage == StageStatus || m_nStage == StageIdle || m_nStage == StageConsole)
+    // A reply that began and never finished, failed, or couldn't be read stops the reply
+    // clock and leaves its stage; without this such a printer would never be polled again,
+    // or would look healthy while it only ever sends pieces.
+    const Unfinished unfinished = std::exchange(m_eUnfinished, Unfinished::None);
+    if (m_nStage == StageConsole)
         return;
+    if (unfinished == Unfinished::Incomplete) {
+        m_nTimedOutStage = m_nStage;
+        m_dtTimedOutSend = m_dtUnfinishedSince;
+        m_bTimedOut = true;
+    } else if (m_nStage == StageStatus || m_nStage == StageIdle) {
+        // The next tick asks again: the failure stays on show until then.
+        return;
+    }
     m_stitcher.GetCompleteResponse(true);
     m_nStage = StageIdle;
     if (queue())

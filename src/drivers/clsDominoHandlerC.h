@@ -121,7 +121,7 @@ private:
     bool finishReply(const QByteArray& reply, bool bNoAdvance);
     void nextStage();
     void recordCommsError(const QByteArray& error);
-    void endStuckStage();
+    void endUnfinishedReply();
 
     clsResponseStitcher m_stitcher;
     DominoCValues m_values;
@@ -137,9 +137,12 @@ private:
     bool m_bTimedOut = false;
     qint32 m_nTimedOutStage = 0;
     QDateTime m_dtTimedOutSend;
-    // When the last fragment of a reply still in hand came: a stage whose reply went wrong
-    // ends one time-out after it.
-    QDateTime m_dtLastFragment;
+    // A reply whose clock stopped with its first fragment but that never came to an end:
+    // still in pieces, or failed or unreadable. It is given up one time-out after its last
+    // fragment.
+    enum class Unfinished { None, Incomplete, Failed };
+    Unfinished m_eUnfinished = Unfinished::None;
+    QDateTime m_dtUnfinishedSince;
     bool m_bDisabled = false;
     bool m_bCheckErrorLog = false;
     QString m_sIgnoredLogEntry;

@@ -261,6 +261,22 @@ TEST_F(DominoHandlerCTest, ALostReplyTimesOutAndAStuckStageEndsAfterTheTimeOut)
     coder.Process();
     EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
     EXPECT_EQ(m_dialogs->boxes().size(), 1);
+
+    // A printer that only ever sends pieces of a report counts as not answering.
+    m_queue->inject("Language : 1\r");
+    EXPECT_EQ(coder.GetErrorState(), StateGood);
+    later(5);
+    coder.ProcessTimeout(5);
+    EXPECT_EQ(coder.GetErrorState(), StateNoAnswer);
+    EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
+
+    // A refusal of the status request stays on show: the next tick asks again.
+    coder.Process();
+    m_queue->inject("\x15");
+    later(5);
+    coder.ProcessTimeout(5);
+    EXPECT_EQ(coder.GetErrorState(), StateWarning);
+    EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageStatus);
 }
 
 TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)

@@ -50,19 +50,24 @@ TEST_F(QueueStatusTest, QueuesAreAddedListedWithTheirReachAndRemoved)
 
 TEST_F(QueueStatusTest, StatusPollsACopyAndLeavesTheStoreAsItWas)
 {
-    vigilctl({"queue", "add", "Line 1", "--port", "sim:echo", "--type", "2100"});
+    vigilctl({"queue", "add", "Line 1", "--port", "sim:echo", "--type", "123"});
     vigilctl({"queue", "add", "Line 2", "--port", "sim:echo?delay=1", "--type", "780"});
+    // A coder that only ever echoes its question never gives a whole answer.
+    vigilctl({"queue", "add", "Coder", "--port", "sim:echo", "--type", "2100"});
     // The shortest interval, so that two cycles take four seconds.
     vigilctl({"store", "set", "HKLM\\Software\\Orvane\\Vigil\\Options", "PollInterval", "4000",
               "--dword"});
     const QString before = vigilctl({"store", "export"}).out;
 
     const Outcome text = vigilctl({"status", "--cycles", "2"});
-    EXPECT_EQ(text.code, 0) << text.err.toStdString();
+    EXPECT_EQ(text.code, 2) << text.err.toStdString();
     EXPECT_EQ(text.out, QStringLiteral("All Printers: 1 good, \"All Printers\"\n"
+                                       "  Coder: 0 no answer, \"Coder: (0)\"\n"
                                        "  Line 1: 1 good, \"Line 1\"\n"
                                        "  Line 2: 1 good, \"Line 2\"\n"));
+    EXPECT_EQ(vigilctl({"store", "export"}).out, before);
 
+    vigilctl({"queue", "remove", "Coder"});
     const Outcome json = vigilctl({"status", "--json"});
     EXPECT_EQ(json.code, 0);
     const QJsonObject root = QJsonDocument::fromJson(json.out.toUtf8()).object();
@@ -76,8 +81,6 @@ TEST_F(QueueStatusTest, StatusPollsACopyAndLeavesTheStoreAsItWas)
     EXPECT_EQ(line2["handler"].toString(), QStringLiteral("clsLBXPrinterHandler"));
     EXPECT_EQ(line2["state"].toInt(), 1);
     EXPECT_TRUE(line2["id"].toString().startsWith("ID"));
-
-    EXPECT_EQ(vigilctl({"store", "export"}).out, before);
 }
 
 TEST_F(QueueStatusTest, AStatusThatCannotRunSaysSoWithCodeThree)
