@@ -1,5 +1,6 @@
 #include "sim/SimRegistry.h"
 
+#include "sim/CSeriesEngine.h"
 #include "sim/EchoEngine.h"
 
 #include <QMap>
@@ -10,6 +11,7 @@ QMap<QString, SimRegistry::Factory>& factories()
     // The kinds built in come first; a program may add its own.
     static QMap<QString, SimRegistry::Factory> table{
         {QStringLiteral("echo"), &EchoEngine::create},
+        {QStringLiteral("c-series"), &CSeriesEngine::create},
     };
     return table;
 }
