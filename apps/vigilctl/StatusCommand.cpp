@@ -12,6 +12,7 @@
 #include "platform/lbx/LbxApplication.h"
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
+#include "services/EventLoopWait.h"
 #include "services/SettingsStore.h"
 
 #include <QJsonDocument>
@@ -23,6 +24,7 @@ const QString CyclesOption = QStringLiteral("--cycles");
 constexpr int MostCycles = 1000;
 // Beyond the cycles themselves: time for the last rounds to end or time out.
 constexpr int SettleMarginMs = 15000;
+constexpr int ConnectWaitMs = 3000;
 } // namespace
 
 StatusCommand::StatusCommand(const Console& console)
@@ -84,6 +86,10 @@ int StatusCommand::check(int cycles, bool json)
     LoadOptions();
     LibraryStart();
     InstallApplicationFactory(&LbxApplication::attach);
+    // The first poll comes within start-up: the printers' wires must be up by then, or its
+    // questions would be lost on the way.
+    if (auto* queues = qobject_cast<LbxQueues*>(&GetGlobalLBX().LBX_App().Queues()))
+        TurnEventLoopUntil([queues] { return queues->wiresSettled(); }, ConnectWaitMs);
 
     MemoryTreeView treePrinters;
     MemoryPagePane pages;

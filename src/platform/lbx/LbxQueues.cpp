@@ -80,6 +80,13 @@ void LbxQueues::dropQueue(LbxQueue* queue)
     emit PrinterDeleted(name);
 }
 
+bool LbxQueues::wiresSettled() const
+{
+    return std::none_of(m_queues.begin(), m_queues.end(), [](const LbxQueue* queue) {
+        return queue->transport().state() == Transport::State::Connecting;
+    });
+}
+
 void LbxQueues::checkStore()
 {
     const qint64 version = SettingsStore::process().dataVersion();

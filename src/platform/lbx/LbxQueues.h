@@ -27,6 +27,8 @@ public:
 
     // Brings the queues in line with the store now.
     void reload();
+    // Whether every queue's wire has come up or given up for now.
+    bool wiresSettled() const;
 
 private:
     LbxQueue* find(const QString& name) const;
