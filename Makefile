@@ -27,6 +27,7 @@ bench: build
 	$(BUILD)/bin/bench_tree
 	$(BUILD)/bin/bench_dominoc
 	$(BUILD)/bin/bench_queues
+	bench/cseries-load $(BUILD)
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

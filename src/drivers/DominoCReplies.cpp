@@ -9,7 +9,7 @@ namespace {
 // Cuts the field of `key` out of the working copy and gives its value: from behind the last
 // occurrence of the key to the next Cr, or to one byte short of the end without one.
 // False when the key isn't there; the value stays as it was when the key ends the copy.
-bool takeField(QByteArray& working, const QByteArray& key, QByteArray& value)
+bool takeField(QByteArray& working, QByteArrayView key, QByteArray& value)
 {
     const qsizetype at = working.lastIndexOf(key);
     if (at < 0)
@@ -26,7 +26,10 @@ bool takeField(QByteArray& working, const QByteArray& key, QByteArray& value)
 
 qint32 number(const QByteArray& text)
 {
-    return ToLong(QString::fromLatin1(text));
+    // Plain digits are what printers send; anything else is read as the run-time reads it.
+    bool ok = false;
+    const qint32 value = text.toInt(&ok);
+    return ok ? value : ToLong(QString::fromLatin1(text));
 }
 
 // A number that may be unreadable without failing the reply.
@@ -83,7 +86,7 @@ Judgement parseStatusReport(const QByteArray& reply, DominoCValues& values, bool
     int tried = 0;
     int missing = 0;
     // Each field, in order; a key not found counts as missing.
-    const auto field = [&](const char* key) {
+    const auto field = [&](QByteArrayView key) {
         ++tried;
         value.clear();
         const bool found = takeField(working, key, value);
@@ -93,10 +96,10 @@ Judgement parseStatusReport(const QByteArray& reply, DominoCValues& values, bool
 
     if (field("Date : ") && value.size() > 1)
         if (const auto date = PrinterDateTime::parseDate(QString::fromLatin1(value), monthFirst))
-            values.dateTime.setDate(*date);
+            values.date = *date;
     if (field("Time : "))
         if (const auto time = PrinterDateTime::parseTime(QString::fromLatin1(value)))
-            values.dateTime.setTime(*time);
+            values.time = *time;
     if (field("Language : "))
         values.language = number(value);
     if (field("Shaft encoder : "))
@@ -109,8 +112,10 @@ Judgement parseStatusReport(const QByteArray& reply, DominoCValues& values, bool
         storeInkStatus(value, values);
     if (field("Available drivespace : "))
         values.drivespace = number(value);
+    static const QByteArray headKeys[DominoCValues::Heads] = {
+        "Head 1 : ", "Head 2 : ", "Head 3 : ", "Head 4 : ", "Head 5 : ", "Head 6 : "};
     for (int head = 0; head < DominoCValues::Heads; ++head)
-        if (field(QByteArray("Head ") + char('1' + head) + " : "))
+        if (field(headKeys[head]))
             storeHead(value, values.heads[size_t(head)]);
     if (field("Merlin version : ")) {
         values.versionFirst = QString::fromLatin1(value.left(1));
@@ -120,7 +125,8 @@ Judgement parseStatusReport(const QByteArray& reply, DominoCValues& values, bool
         values.appVersion = QString::fromLatin1(value);
     if (field("FPGA version : = "))
         values.firmwareVersion = QString::fromLatin1(value);
-    field(QByteArray(1, DominoC::Terminator));
+    const char terminator = DominoC::Terminator;
+    field(QByteArrayView(&terminator, 1));
     return judge(tried, missing, !working.isEmpty());
 }
 

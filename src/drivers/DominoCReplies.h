@@ -17,7 +17,10 @@ struct DominoCValues
     static constexpr int Heads = 6;
     static constexpr int LogSlots = 9;
 
-    QDateTime dateTime;
+    // The printer's clock, kept as its two parts: the report gives them apart, and a local
+    // date and time would cost a time-zone lookup at each report.
+    QDate date;
+    QTime time{0, 0};
     qint32 language = 0;
     qint32 shaftEncoder = 0;
     qint32 photocell = 0;

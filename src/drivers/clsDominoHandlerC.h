@@ -53,7 +53,7 @@ public:
     bool PortBusy() override;
     void setPortBusy(bool busy) override;
 
-    const QDateTime& DateTime() const { return m_values.dateTime; }
+    QDateTime DateTime() const { return QDateTime(m_values.date, m_values.time); }
     qint32 Language() const { return m_values.language; }
     qint32 ShaftEncoder() const { return m_values.shaftEncoder; }
     qint32 Photocell() const { return m_values.photocell; }
