@@ -9,6 +9,7 @@
 #include "services/IDialogs.h"
 #include "services/SettingsStore.h"
 #include "sim/SimRegistry.h"
+#include "support/EnginePump.h"
 #include "support/FakeApplication.h"
 #include "support/RecordingDialogs.h"
 
@@ -52,7 +53,8 @@ public:
         InstallApplicationFactory([this] { return m_application; });
         m_queue = &m_application->queues.add(QStringLiteral("Coder"), 2100);
         QString error;
-        m_engine = SimRegistry::create(QStringLiteral("c-series"), SimKnobs(), error);
+        if (auto engine = SimRegistry::create(QStringLiteral("c-series"), SimKnobs(), error))
+            m_pump = std::make_unique<EnginePump>(*m_queue, std::move(engine));
         m_node->m_sID = QStringLiteral("ID1");
         m_node->m_sName = QStringLiteral("Coder");
         m_node->m_lRemoteObjectPrinterNumber = 2100;
@@ -67,17 +69,13 @@ public:
         SettingsStore::install(nullptr);
     }
 
-    bool ready() const { return m_engine && m_handler; }
+    bool ready() const { return m_pump && m_handler; }
 
     // One tick and every exchange it leads to; false if the round didn't end.
     bool round()
     {
         m_handler->Process();
-        const QDateTime now = QDateTime::currentDateTime();
-        for (int exchange = 0; exchange < 16 && !m_queue->sent.isEmpty(); ++exchange)
-            for (const QByteArray& command : std::exchange(m_queue->sent, {}))
-                for (const QByteArray& reply : m_engine->receive(command, now))
-                    m_queue->inject(reply);
+        m_pump->run(m_now);
         return m_handler->currentStage() == clsDominoHandlerC::StageIdle;
     }
 
@@ -85,7 +83,8 @@ private:
     QTemporaryDir m_dir;
     std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
     FakeQueue* m_queue = nullptr;
-    std::unique_ptr<SimEngine> m_engine;
+    std::unique_ptr<EnginePump> m_pump;
+    const QDateTime m_now = QDateTime::currentDateTime();
     std::shared_ptr<clsComponent> m_node = std::make_shared<clsComponent>();
     clsDominoHandlerC* m_handler = nullptr;
 };

@@ -8,6 +8,8 @@
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
 #include "services/SettingsAccess.h"
+#include "sim/SimRegistry.h"
+#include "support/EnginePump.h"
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
 #include "support/ServicesFixture.h"
@@ -392,5 +394,36 @@ TEST_F(DominoHandlerCTest, TheConsoleSendsRawCommandsAndHoldsThePollsOffUntilClo
     coder.Process();
     EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
     ICommandConsole::installFactory(nullptr);
+}
+// Against the simulated coder: what the actions set is what the next round reads back.
+TEST_F(DominoHandlerCTest, ActionsChangeTheSimulatedCoder)
+{
+    QString error;
+    auto engine = SimRegistry::create(
+        QStringLiteral("c-series"),
+        *SimKnobs::fromQuery(QStringLiteral("files=ALPHA,BETA&file=ALPHA&count=40"), error), error);
+    ASSERT_TRUE(engine) << error.toStdString();
+    EnginePump printer(*m_queue, std::move(engine));
+    clsDominoHandlerC& coder = handler();
+    const QDateTime now = m_clock->now();
+    coder.Process();
+    printer.run(now);
+    ASSERT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
+    EXPECT_EQ(coder.CurrentFile(), QStringLiteral("ALPHA"));
+    EXPECT_EQ(coder.PrintCount(), 40);
+
+    coder.SyncTime(QDateTime(QDate(2030, 1, 2), QTime(3, 4)));
+    printer.run(now);
+    coder.SelectMessage(coder.GetDominoFileList(1));
+    printer.run(now);
+    coder.SetCounts(0);
+    printer.run(now);
+    coder.Process();
+    printer.run(now);
+    EXPECT_EQ(coder.DateTime().date(), QDate(2030, 1, 2));
+    EXPECT_EQ(coder.DateTime().time().hour(), 3);
+    EXPECT_EQ(coder.CurrentFile(), QStringLiteral("BETA"));
+    EXPECT_EQ(coder.PrintCount(), 0);
+    EXPECT_EQ(coder.GetErrorState(), StateGood);
 }
 } // namespace
