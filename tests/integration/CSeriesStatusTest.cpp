@@ -55,10 +55,17 @@ protected:
 
 TEST_F(CSeriesStatusTest, EachStateShowsWithItsText)
 {
-    serve({{"Healthy", R"("file": "BATCH1", "count": 42)"},
+    serve({{"Logging", R"("errors": 2)"},
+           {"Healthy", R"("file": "BATCH1", "count": 42)"},
            {"Ink low", R"("ink": 2, "remaining": 500)"},
            {"Refusing", R"("nak": 14)"},
            {"Silent", R"("silent": true)"}});
+    // The tree as the desktop program saves it, with the error log asked for on one coder.
+    const QByteArray tree = "[HKLM\\Software\\Orvane\\Vigil\\Printers\\IDLOG]\n"
+                            "\"Name\"=\"Logging\"\n\"ObjPrinterNumber\"=dword:00000834\n"
+                            "\"Ext.0.Name\"=\"GetErrorLog\"\n\"Ext.0.Value\"=\"True\"\n"
+                            "\"ExtendedCount\"=dword:00000000\n";
+    ASSERT_EQ(vigilctl({"store", "import", "-"}, tree).code, 0);
     const Outcome status = vigilctl({"status"});
     EXPECT_EQ(status.code, 2) << status.err.toStdString();
     const QString lines = status.out;
@@ -73,12 +80,15 @@ TEST_F(CSeriesStatusTest, EachStateShowsWithItsText)
                        "command (NAK).]\""))
         << lines.toStdString();
     EXPECT_TRUE(lines.contains("  Silent: 0 no answer, \"Silent: (0)\"\n")) << lines.toStdString();
+    const QRegularExpression logged(QStringLiteral("  Logging: 2 warning, .*, alert \"(.+)\"\n"));
+    EXPECT_TRUE(logged.match(lines).hasMatch()) << lines.toStdString();
 
     // With a limit below what remains, low ink is only a warning.
     vigilctl({"store", "set", "HKLM/Software/Orvane/Vigil/Options", "PrintsRemainingInkLowLimit",
               "100", "--dword"});
     vigilctl({"queue", "remove", "Refusing"});
     vigilctl({"queue", "remove", "Silent"});
+    vigilctl({"queue", "remove", "Logging"});
     const Outcome limited = vigilctl({"status"});
     EXPECT_EQ(limited.code, 1) << limited.out.toStdString();
     EXPECT_TRUE(limited.out.contains("  Ink low: 2 warning, ")) << limited.out.toStdString();
