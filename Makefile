@@ -27,7 +27,9 @@ bench: build
 	$(BUILD)/bin/bench_tree
 	$(BUILD)/bin/bench_dominoc
 	$(BUILD)/bin/bench_queues
-	bench/cseries-load $(BUILD)
+	bench/sim-load $(BUILD) c-series 2100
+	bench/sim-load $(BUILD) a-series 2011
+	bench/sim-load $(BUILD) avery 123
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

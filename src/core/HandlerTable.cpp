@@ -1,6 +1,8 @@
 #include "core/HandlerTable.h"
 
 #include "core/GroupHandler.h"
+#include "drivers/clsAveryHandler.h"
+#include "drivers/clsDominoHandlerA.h"
 #include "drivers/clsDominoHandlerC.h"
 #include "drivers/clsLBXPrinterHandler.h"
 
@@ -24,11 +26,11 @@ template <typename Handler> HandlerTable::Factory make()
 
 QList<HandlerClass>& classes()
 {
-    // The A-series and Avery kinds come with their drivers, at ranks 3 and 4; until then
-    // their numbers fall to the local label printer.
     static QList<HandlerClass> table = {
         {1, QStringLiteral("GroupHandler"), make<GroupHandler>()},
         {2, QStringLiteral("clsDominoHandlerC"), make<clsDominoHandlerC>()},
+        {3, QStringLiteral("clsDominoHandlerA"), make<clsDominoHandlerA>()},
+        {4, QStringLiteral("clsAveryHandler"), make<clsAveryHandler>()},
         {5, QStringLiteral("clsLBXPrinterHandler"), make<clsLBXPrinterHandler>()},
     };
     return table;

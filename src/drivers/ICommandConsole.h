@@ -24,7 +24,18 @@ public:
     virtual bool isVisible() const = 0;
     // The command byte chosen, followed by the data typed; none when nothing is chosen.
     virtual std::optional<QByteArray> currentCommand() const = 0;
+    // For a printer that speaks in frames: the id, type and data chosen, and whether the
+    // command carries its data.
+    struct FrameCommand
+    {
+        quint8 id = 0;
+        qint32 type = 0;
+        QByteArray data;
+        bool usesData = false;
+    };
+    virtual std::optional<FrameCommand> currentFrameCommand() const = 0;
     virtual void SetResponseString(const QString& response) = 0;
+    virtual void SetResponseBytes(const QByteArray& response) = 0;
 
     using Factory = std::function<std::unique_ptr<ICommandConsole>()>;
     static void installFactory(Factory factory);

@@ -1,6 +1,7 @@
 #include "drivers/QueuedPrinterHandler.h"
 
 #include "core/IProgressLog.h"
+#include "core/clsComponent.h"
 #include "drivers/Application.h"
 #include "drivers/Queue.h"
 #include "drivers/Queues.h"
@@ -66,4 +67,17 @@ void QueuedPrinterHandler::Delete()
 {
     CloseDown();
     GetGlobalLBX().LBX_App().Queues().RemoveQueue(m_sName);
+}
+
+bool QueuedPrinterHandler::busyOfNode(const clsComponent* node) const
+{
+    return node && node->m_bBusy;
+}
+
+void QueuedPrinterHandler::setBusyOfNode(clsComponent* node, bool busy)
+{
+    if (!node || node->m_bBusy == busy)
+        return;
+    node->m_bBusy = busy;
+    emit StatusChanged();
 }

@@ -3,6 +3,8 @@
 #include "core/ComponentHandler.h"
 #include "drivers/Queue.h"
 
+class clsComponent;
+
 #include <QPointer>
 
 // What every handler of a printer behind a print queue shares: the queue found by the
@@ -23,6 +25,10 @@ public:
     void Delete() override;
 
 protected:
+    // The coders keep their busy flag in their node, so that it outlives the handler.
+    bool busyOfNode(const clsComponent* node) const;
+    // Raises StatusChanged when the flag changes.
+    void setBusyOfNode(clsComponent* node, bool busy);
     // Takes the queue of that name; false when the application can't be reached.
     bool attachQueue(const QString& sName);
     Queue* queue() const { return m_oQueue; }

@@ -79,15 +79,12 @@ QString clsDominoHandlerC::PrinterIcon(qint32)
 
 bool clsDominoHandlerC::PortBusy()
 {
-    return m_oComponent && m_oComponent->m_bBusy;
+    return busyOfNode(m_oComponent);
 }
 
 void clsDominoHandlerC::setPortBusy(bool busy)
 {
-    if (!m_oComponent || m_oComponent->m_bBusy == busy)
-        return;
-    m_oComponent->m_bBusy = busy;
-    emit StatusChanged();
+    setBusyOfNode(m_oComponent, busy);
 }
 
 bool clsDominoHandlerC::IsPrinterTypeSupported(qint32 lPrinterNumber) const
@@ -188,8 +185,8 @@ QByteArray clsDominoHandlerC::prepareStage()
         return DominoC::SelectMessage(m_sMessageName);
     case StageConsole:
         m_stitcher.AcceptAnything(true);
-        if (m_oConsole && m_oConsole->isVisible())
-            return m_oConsole->currentCommand().value_or(QByteArray());
+        if (ICommandConsole* console = m_console.visibleConsole())
+            return console->currentCommand().value_or(QByteArray());
         return {};
     default:
         return {};
@@ -301,8 +298,8 @@ bool clsDominoHandlerC::finishReply(const QByteArray& reply, bool bNoAdvance)
         m_nStage = StageStatus;
         return false;
     case StageConsole:
-        if (m_oConsole)
-            m_oConsole->SetResponseString(QString::fromLatin1(reply));
+        if (ICommandConsole* console = m_console.console())
+            console->SetResponseString(QString::fromLatin1(reply));
         m_stitcher.AcceptAnything(false);
         return false;
     default:
@@ -528,14 +525,7 @@ void clsDominoHandlerC::SetCounts(qint32 lCount)
 
 void clsDominoHandlerC::InvokeCommandTesting()
 {
-    if (!m_oConsole)
-        m_oConsole = ICommandConsole::create();
-    if (!m_oConsole)
-        return;
-    m_oConsole->configure(false, true, false);
-    for (const auto& [message, command] : ConsoleCommands)
-        m_oConsole->addCommand(GetMessage(message), command);
-    m_oConsole->showModal();
+    m_console.open({false, true, false}, {std::begin(ConsoleCommands), std::end(ConsoleCommands)});
 }
 
 void clsDominoHandlerC::FireCommandTest()
@@ -546,11 +536,8 @@ void clsDominoHandlerC::FireCommandTest()
 
 void clsDominoHandlerC::EndCommandTesting()
 {
-    if (!m_oConsole)
-        return;
-    m_oConsole->close();
-    m_oConsole.reset();
-    ResetCurrentCommand();
+    if (m_console.close())
+        ResetCurrentCommand();
 }
 
 void clsDominoHandlerC::CloseDown()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drivers/CommandConsoleSession.h"
 #include "drivers/DominoCReplies.h"
 #include "drivers/QueuedPrinterHandler.h"
 #include "drivers/clsResponseStitcher.h"
@@ -8,7 +9,6 @@
 #include <QPointer>
 #include <memory>
 
-class ICommandConsole;
 class clsComponent;
 
 // The handler of a Domino C-series coder: a stage machine with one current stage. A tick
@@ -155,5 +155,5 @@ private:
     qint32 m_nDirection = 0;
     qint32 m_nOrientation = 0;
     clsShift m_oShifts;
-    std::unique_ptr<ICommandConsole> m_oConsole;
+    CommandConsoleSession m_console;
 };

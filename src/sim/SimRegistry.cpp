@@ -1,5 +1,7 @@
 #include "sim/SimRegistry.h"
 
+#include "sim/ASeriesEngine.h"
+#include "sim/AveryEngine.h"
 #include "sim/CSeriesEngine.h"
 #include "sim/EchoEngine.h"
 
@@ -12,6 +14,8 @@ QMap<QString, SimRegistry::Factory>& factories()
     static QMap<QString, SimRegistry::Factory> table{
         {QStringLiteral("echo"), &EchoEngine::create},
         {QStringLiteral("c-series"), &CSeriesEngine::create},
+        {QStringLiteral("a-series"), &ASeriesEngine::create},
+        {QStringLiteral("avery"), &AveryEngine::create},
     };
     return table;
 }

@@ -3,7 +3,6 @@
 #include "core/ErrorColours.h"
 #include "core/PresentTime.h"
 #include "core/clsComponent.h"
-#include "drivers/ICommandConsole.h"
 #include "drivers/clsDominoHandlerC.h"
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
@@ -12,6 +11,7 @@
 #include "support/EnginePump.h"
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
+#include "support/ScriptedConsole.h"
 #include "support/ServicesFixture.h"
 
 #include <QMap>
@@ -340,27 +340,6 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
     coder.SetOrientation(1);
     EXPECT_TRUE(sent().isEmpty());
 }
-
-class ScriptedConsole : public ICommandConsole
-{
-public:
-    void configure(bool typeSelector, bool showAsText, bool aSeries) override
-    {
-        setup = {typeSelector, showAsText, aSeries};
-    }
-    void addCommand(const QString&, char commandByte) override { commands.append(commandByte); }
-    void showModal() override { visible = true; }
-    void close() override { visible = false; }
-    bool isVisible() const override { return visible; }
-    std::optional<QByteArray> currentCommand() const override { return command; }
-    void SetResponseString(const QString& response) override { responses << response; }
-
-    std::tuple<bool, bool, bool> setup;
-    QByteArray commands;
-    bool visible = false;
-    std::optional<QByteArray> command;
-    QStringList responses;
-};
 
 TEST_F(DominoHandlerCTest, TheConsoleSendsRawCommandsAndHoldsThePollsOffUntilClosed)
 {

@@ -52,11 +52,23 @@ protected:
 
 TEST_F(LbxPrinterHandlerTest, EveryNumberNoOtherClassClaimsIsALocalPrinter)
 {
-    for (qint32 number : {784, 785, 783, 786, 2020, 1234, -7}) {
+    for (qint32 number : {784, 785, 122, 170, 800, 1999, 2020, 2099, 2200, -7}) {
         clsComponent node;
         node.m_lRemoteObjectPrinterNumber = number;
         EXPECT_NE(qobject_cast<clsLBXPrinterHandler*>(node.GetComponent()), nullptr) << number;
         EXPECT_EQ(node.m_sRemoteObjectControl, QStringLiteral("ctlLBXPrinterUI"));
+    }
+    // The printer kinds the drivers claim, at both ends of their ranges.
+    const std::pair<qint32, const char*> claimed[] = {
+        {2000, "clsDominoHandlerC"}, {2199, "clsDominoHandlerC"}, {2010, "clsDominoHandlerA"},
+        {2019, "clsDominoHandlerA"}, {123, "clsAveryHandler"},    {799, "clsAveryHandler"},
+        {783, "clsAveryHandler"},    {786, "clsAveryHandler"},
+    };
+    for (const auto& [number, handler] : claimed) {
+        clsComponent node;
+        node.m_lRemoteObjectPrinterNumber = number;
+        ASSERT_NE(node.GetComponent(), nullptr);
+        EXPECT_EQ(node.GetComponent()->GetObjectName(), QLatin1String(handler)) << number;
     }
     clsComponent dashboard;
     EXPECT_NE(qobject_cast<GroupHandler*>(dashboard.GetComponent()), nullptr);

@@ -50,8 +50,9 @@ TEST_F(QueueStatusTest, QueuesAreAddedListedWithTheirReachAndRemoved)
 
 TEST_F(QueueStatusTest, StatusPollsACopyAndLeavesTheStoreAsItWas)
 {
-    vigilctl({"queue", "add", "Line 1", "--port", "sim:echo", "--type", "123"});
-    vigilctl({"queue", "add", "Line 2", "--port", "sim:echo?delay=1", "--type", "780"});
+    // Printer types no driver claims: local label printers.
+    vigilctl({"queue", "add", "Line 1", "--port", "sim:echo", "--type", "1234"});
+    vigilctl({"queue", "add", "Line 2", "--port", "sim:echo?delay=1", "--type", "1780"});
     // A coder that only ever echoes its question never gives a whole answer.
     vigilctl({"queue", "add", "Coder", "--port", "sim:echo", "--type", "2100"});
     // The shortest interval, so that two cycles take four seconds.
@@ -77,7 +78,7 @@ TEST_F(QueueStatusTest, StatusPollsACopyAndLeavesTheStoreAsItWas)
     ASSERT_EQ(children.size(), 2);
     const QJsonObject line2 = children[1].toObject();
     EXPECT_EQ(line2["name"].toString(), QStringLiteral("Line 2"));
-    EXPECT_EQ(line2["printerNumber"].toInt(), 780);
+    EXPECT_EQ(line2["printerNumber"].toInt(), 1780);
     EXPECT_EQ(line2["handler"].toString(), QStringLiteral("clsLBXPrinterHandler"));
     EXPECT_EQ(line2["state"].toInt(), 1);
     EXPECT_TRUE(line2["id"].toString().startsWith("ID"));
