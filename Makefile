@@ -25,7 +25,7 @@ test: build
 bench: build
 	$(BUILD)/bin/bench_store
 	$(BUILD)/bin/bench_tree
-	$(BUILD)/bin/bench_dominoc
+	$(BUILD)/bin/bench_drivers
 	$(BUILD)/bin/bench_queues
 	bench/sim-load $(BUILD) c-series 2100
 	bench/sim-load $(BUILD) a-series 2011

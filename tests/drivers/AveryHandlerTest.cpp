@@ -6,6 +6,8 @@
 #include "drivers/clsAveryErrorCodes.h"
 #include "drivers/clsAveryHandler.h"
 #include "printing/clsLBXHandler.h"
+#include "sim/SimRegistry.h"
+#include "support/EnginePump.h"
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
 #include "support/ServicesFixture.h"
@@ -144,5 +146,35 @@ TEST_F(AveryHandlerTest, ActionsAndTimeOuts)
     EXPECT_EQ(avery.GetErrorState(), StatePortBusy);
     avery.setDisabled(true);
     EXPECT_EQ(avery.GetErrorState(), StateDisabled);
+}
+// Against the simulated printer: start, stop and clear change what it reports.
+TEST_F(AveryHandlerTest, StartStopAndClearChangeTheSimulatedPrinter)
+{
+    QString error;
+    auto engine = SimRegistry::create(
+        QStringLiteral("avery"),
+        *SimKnobs::fromQuery(QStringLiteral("labels=250&printing=false"), error), error);
+    ASSERT_TRUE(engine) << error.toStdString();
+    clsAveryHandler& avery = labeller(123);
+    EnginePump printer(*m_queue, std::move(engine));
+    const auto poll = [&](int seconds) {
+        avery.Process();
+        printer.run(QDateTime(QDate(2026, 11, 22), QTime(6, 30)).addSecs(seconds));
+    };
+    poll(0);
+    EXPECT_EQ(avery.FormatInPrinter, 0);
+    EXPECT_EQ(avery.LabelsToPrint, 250);
+    avery.StartPrinting();
+    poll(1);
+    EXPECT_EQ(avery.FormatInPrinter, 1);
+    poll(11);
+    EXPECT_EQ(avery.LabelsToPrint, 240); // printing, a label a second
+    avery.StopPrinting();
+    poll(12);
+    EXPECT_EQ(avery.FormatInPrinter, 0);
+    avery.ClearPrinter();
+    poll(13);
+    EXPECT_EQ(avery.LabelsToPrint, 0);
+    EXPECT_EQ(avery.GetErrorState(), StateGood);
 }
 } // namespace

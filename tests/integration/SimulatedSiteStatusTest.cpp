@@ -1,5 +1,5 @@
-// C-series coders simulated by vigil-sim, each in a state of its own, as vigilctl status
-// sees them over loopback.
+// Printers of every kind simulated by vigil-sim, each in a state of its own, as vigilctl
+// status sees them over loopback.
 
 #include "integration/VigilctlFixture.h"
 
@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 
 namespace {
-class CSeriesStatusTest : public VigilctlFixture
+class SimulatedSiteStatusTest : public VigilctlFixture
 {
 protected:
     void TearDown() override
@@ -17,14 +17,21 @@ protected:
         m_simulator.waitForFinished(5000);
     }
 
-    // Serves the printers, each "name": knobs, and adds a C-series queue for each.
-    void serve(const QMap<QString, QString>& printers)
+    struct Printer
+    {
+        QString kind;
+        int type;
+        QString knobs;
+    };
+
+    // Serves the printers, by name, and adds a queue of its type for each.
+    void serve(const QMap<QString, Printer>& printers)
     {
         QByteArray scenario = "{\"printers\": [";
         for (auto it = printers.begin(); it != printers.end(); ++it)
-            scenario += QStringLiteral(R"(%1{"name": "%2", "kind": "c-series", "listen": )"
-                                       R"("127.0.0.1:0", "knobs": {%3}})")
-                            .arg(it == printers.begin() ? "" : ",", it.key(), it.value())
+            scenario += QStringLiteral(R"(%1{"name": "%2", "kind": "%3", "listen": )"
+                                       R"("127.0.0.1:0", "knobs": {%4}})")
+                            .arg(it == printers.begin() ? "" : ",", it.key(), it->kind, it->knobs)
                             .toUtf8();
         QFile file(m_dir.filePath("site.json"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -38,8 +45,9 @@ protected:
                 const auto match =
                     serving.match(QString::fromUtf8(m_simulator.readLine()).trimmed());
                 ASSERT_TRUE(match.hasMatch());
-                ASSERT_EQ(vigilctl({"queue", "add", match.captured(1), "--port", match.captured(2),
-                                    "--type", "2100"})
+                const QString name = match.captured(1);
+                ASSERT_EQ(vigilctl({"queue", "add", name, "--port", match.captured(2), "--type",
+                                    QString::number(printers.value(name).type)})
                               .code,
                           0);
                 ++served;
@@ -53,13 +61,13 @@ protected:
     QProcess m_simulator;
 };
 
-TEST_F(CSeriesStatusTest, EachStateShowsWithItsText)
+TEST_F(SimulatedSiteStatusTest, EachCoderStateShowsWithItsText)
 {
-    serve({{"Logging", R"("errors": 2)"},
-           {"Healthy", R"("file": "BATCH1", "count": 42)"},
-           {"Ink low", R"("ink": 2, "remaining": 500)"},
-           {"Refusing", R"("nak": 14)"},
-           {"Silent", R"("silent": true)"}});
+    serve({{"Logging", {"c-series", 2100, R"("errors": 2)"}},
+           {"Healthy", {"c-series", 2100, R"("file": "BATCH1", "count": 42)"}},
+           {"Ink low", {"c-series", 2100, R"("ink": 2, "remaining": 500)"}},
+           {"Refusing", {"c-series", 2100, R"("nak": 14)"}},
+           {"Silent", {"c-series", 2100, R"("silent": true)"}}});
     // The tree as the desktop program saves it, with the error log asked for on one coder.
     const QByteArray tree = "[HKLM\\Software\\Orvane\\Vigil\\Printers\\IDLOG]\n"
                             "\"Name\"=\"Logging\"\n\"ObjPrinterNumber\"=dword:00000834\n"
@@ -92,5 +100,35 @@ TEST_F(CSeriesStatusTest, EachStateShowsWithItsText)
     const Outcome limited = vigilctl({"status"});
     EXPECT_EQ(limited.code, 1) << limited.out.toStdString();
     EXPECT_TRUE(limited.out.contains("  Ink low: 2 warning, ")) << limited.out.toStdString();
+}
+TEST_F(SimulatedSiteStatusTest, AlarmsAndErrorCodesShowWithTheirText)
+{
+    serve({{"A good", {"a-series", 2011, ""}},
+           {"A warning", {"a-series", 2011, R"("alarms": "3")"}},
+           {"A fault", {"a-series", 2011, R"("alarms": "3,2")"}},
+           {"A unknown", {"a-series", 2011, R"("alarms": "250")"}},
+           {"A silent", {"a-series", 2011, R"("silent": true)"}},
+           {"Avery good", {"avery", 123, R"("labels": 20)"}},
+           {"Avery level 1", {"avery", 123, R"("code": "05", "flag": true)"}},
+           {"Avery level 2", {"avery", 123, R"("code": "02", "flag": true)"}},
+           {"Avery long", {"avery", 152, R"("model": "H", "code": "0001", "flag": true)"}},
+           {"Avery silent", {"avery", 780, R"("silent": true)"}}});
+    const Outcome status = vigilctl({"status"});
+    EXPECT_EQ(status.code, 2) << status.err.toStdString();
+    const QString lines = status.out;
+    for (const char* expected : {
+             "  A good: 1 good, \"A good: (0)\"\n",
+             "  A warning: 2 warning, \"A warning: (0) [Solvent low]\", alert \"Solvent low\"\n",
+             "  A fault: 3 fault, \"A fault: (0) [Ink empty]\", alert \"Ink empty\"\n",
+             "  A unknown: 3 fault, \"A unknown: (0)\"\n",
+             "  A silent: 0 no answer, \"A silent: (0)\"\n",
+             "  Avery good: 1 good, \"Avery good: (20)\"\n",
+             "  Avery level 1: 3 fault, \"Avery level 1: (0) [05 Buffer full]\"",
+             "  Avery level 2: 3 fault, \"Avery level 2: (0) [02 Ribbon end, load a new ribbon]\"",
+             "  Avery long: 3 fault, \"Avery long: (0) [0001 Material end, load new labels]\"",
+             "  Avery silent: 0 no answer, \"Avery silent: (0)\"\n",
+         })
+        EXPECT_TRUE(lines.contains(QString::fromUtf8(expected))) << expected << "\n"
+                                                                  << lines.toStdString();
 }
 } // namespace

@@ -1,9 +1,10 @@
-// The C-series driver's own costs: reading one status report, and one whole poll round
-// against the simulated coder in this process, with no wire in between.
+// The drivers' own costs: reading a C-series status report, building and reading A-series
+// frames, and one whole poll round of each kind against its simulator in this process, with
+// no wire in between.
 
 #include "core/clsComponent.h"
 #include "drivers/DominoCReplies.h"
-#include "drivers/clsDominoHandlerC.h"
+#include "drivers/clsASeriesMessage.h"
 #include "drivers/clsResponseStitcher.h"
 #include "printing/clsLBXHandler.h"
 #include "services/IDialogs.h"
@@ -41,26 +42,47 @@ void BM_StitchAndParseStatusReport(benchmark::State& state)
 }
 BENCHMARK(BM_StitchAndParseStatusReport);
 
-// A coder on a fake queue whose bytes go straight to the simulator's engine.
-class SimulatedCoder
+void BM_BuildASeriesFrame(benchmark::State& state)
+{
+    const QByteArray clock = QByteArray::fromHex("14070905" "0E071E");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(clsASeriesMessage().BuildCommandWithData(34, 0, clock, false));
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BM_BuildASeriesFrame);
+
+void BM_ParseASeriesFrame(benchmark::State& state)
+{
+    const QByteArray frame =
+        clsASeriesMessage().BuildCommandWithData(64, 2, QByteArray::fromHex("0A00000039300000"), false);
+    for (auto _ : state) {
+        clsASeriesMessage message;
+        benchmark::DoNotOptimize(message.ParseMessage(frame, 64));
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BM_ParseASeriesFrame);
+
+// A printer on a fake queue whose bytes go straight to the simulator's engine.
+class SimulatedPrinter
 {
 public:
-    SimulatedCoder()
+    SimulatedPrinter(const QString& kind, qint16 printerNumber)
     {
         qputenv("VIGIL_HOME", QFile::encodeName(m_dir.path()));
         SettingsStore::install(std::make_shared<SettingsStore>(m_dir.filePath("bench.sqlite")));
         IDialogs::install(std::make_shared<RecordingDialogs>());
         InstallApplicationFactory([this] { return m_application; });
-        m_queue = &m_application->queues.add(QStringLiteral("Coder"), 2100);
+        m_queue = &m_application->queues.add(QStringLiteral("Printer"), printerNumber);
         QString error;
-        if (auto engine = SimRegistry::create(QStringLiteral("c-series"), SimKnobs(), error))
+        if (auto engine = SimRegistry::create(kind, SimKnobs(), error))
             m_pump = std::make_unique<EnginePump>(*m_queue, std::move(engine));
         m_node->m_sID = QStringLiteral("ID1");
-        m_node->m_sName = QStringLiteral("Coder");
-        m_node->m_lRemoteObjectPrinterNumber = 2100;
-        m_handler = qobject_cast<clsDominoHandlerC*>(m_node->GetComponent());
+        m_node->m_sName = QStringLiteral("Printer");
+        m_node->m_lRemoteObjectPrinterNumber = printerNumber;
+        m_handler = m_node->GetComponent();
     }
-    ~SimulatedCoder()
+    ~SimulatedPrinter()
     {
         m_node.reset();
         ReleaseGlobalLBX();
@@ -71,12 +93,12 @@ public:
 
     bool ready() const { return m_pump && m_handler; }
 
-    // One tick and every exchange it leads to; false if the round didn't end.
+    // One tick and every exchange it leads to; false if the printer didn't end up healthy.
     bool round()
     {
         m_handler->Process();
         m_pump->run(m_now);
-        return m_handler->currentStage() == clsDominoHandlerC::StageIdle;
+        return !m_queue->replyWanted && m_handler->GetErrorState() == 1;
     }
 
 private:
@@ -86,20 +108,37 @@ private:
     std::unique_ptr<EnginePump> m_pump;
     const QDateTime m_now = QDateTime::currentDateTime();
     std::shared_ptr<clsComponent> m_node = std::make_shared<clsComponent>();
-    clsDominoHandlerC* m_handler = nullptr;
+    ComponentHandler* m_handler = nullptr;
 };
 
-void BM_PollRoundAgainstTheSimulator(benchmark::State& state)
+void pollRounds(benchmark::State& state, const QString& kind, qint16 printerNumber)
 {
-    SimulatedCoder coder;
-    if (!coder.ready() || !coder.round()) {
-        state.SkipWithError("the simulated coder didn't finish a round");
+    SimulatedPrinter printer(kind, printerNumber);
+    if (!printer.ready() || !printer.round()) {
+        state.SkipWithError("the simulated printer didn't finish a round");
         return;
     }
     for (auto _ : state)
-        benchmark::DoNotOptimize(coder.round());
+        benchmark::DoNotOptimize(printer.round());
 }
-BENCHMARK(BM_PollRoundAgainstTheSimulator);
+
+void BM_CSeriesRound(benchmark::State& state)
+{
+    pollRounds(state, QStringLiteral("c-series"), 2100);
+}
+BENCHMARK(BM_CSeriesRound);
+
+void BM_ASeriesRound(benchmark::State& state)
+{
+    pollRounds(state, QStringLiteral("a-series"), 2011);
+}
+BENCHMARK(BM_ASeriesRound);
+
+void BM_AveryExchange(benchmark::State& state)
+{
+    pollRounds(state, QStringLiteral("avery"), 123);
+}
+BENCHMARK(BM_AveryExchange);
 } // namespace
 
 BENCHMARK_MAIN();
