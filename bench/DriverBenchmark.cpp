@@ -44,7 +44,8 @@ BENCHMARK(BM_StitchAndParseStatusReport);
 
 void BM_BuildASeriesFrame(benchmark::State& state)
 {
-    const QByteArray clock = QByteArray::fromHex("14070905" "0E071E");
+    const QByteArray clock = QByteArray::fromHex("14070905"
+                                                 "0E071E");
     for (auto _ : state)
         benchmark::DoNotOptimize(clsASeriesMessage().BuildCommandWithData(34, 0, clock, false));
     state.SetItemsProcessed(state.iterations());
@@ -53,8 +54,8 @@ BENCHMARK(BM_BuildASeriesFrame);
 
 void BM_ParseASeriesFrame(benchmark::State& state)
 {
-    const QByteArray frame =
-        clsASeriesMessage().BuildCommandWithData(64, 2, QByteArray::fromHex("0A00000039300000"), false);
+    const QByteArray frame = clsASeriesMessage().BuildCommandWithData(
+        64, 2, QByteArray::fromHex("0A00000039300000"), false);
     for (auto _ : state) {
         clsASeriesMessage message;
         benchmark::DoNotOptimize(message.ParseMessage(frame, 64));

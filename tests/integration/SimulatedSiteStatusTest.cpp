@@ -129,6 +129,6 @@ TEST_F(SimulatedSiteStatusTest, AlarmsAndErrorCodesShowWithTheirText)
              "  Avery silent: 0 no answer, \"Avery silent: (0)\"\n",
          })
         EXPECT_TRUE(lines.contains(QString::fromUtf8(expected))) << expected << "\n"
-                                                                  << lines.toStdString();
+                                                                 << lines.toStdString();
 }
 } // namespace
