@@ -32,27 +32,23 @@ QByteArray clsASeriesMessage::BuildCommandWithData(quint8 commandID, qint32 comm
     m_nTypeByte = quint8(commandType << 5);
     m_data = noData ? QByteArray() : data;
     CalcHiLoBytes(quint16(2 + m_data.size()), m_nLengthLow, m_nLengthHigh);
-    CalcHiLoBytes(checksumOfFields(), m_nChecksumLow, m_nChecksumHigh);
-    QByteArray frame = m_header;
-    frame += char(m_nLengthLow);
-    frame += char(m_nLengthHigh);
-    frame += char(m_nCommandID);
-    frame += char(m_nTypeByte);
-    frame += m_data;
+    QByteArray frame = fields(true);
+    CalcHiLoBytes(sum(frame, frame.size()), m_nChecksumLow, m_nChecksumHigh);
     frame += char(m_nChecksumLow);
     frame += char(m_nChecksumHigh);
     return frame;
 }
 
-quint16 clsASeriesMessage::checksumOfFields() const
+QByteArray clsASeriesMessage::fields(bool withData) const
 {
-    QByteArray fields = m_header;
-    fields += char(m_nLengthLow);
-    fields += char(m_nLengthHigh);
-    fields += char(m_nCommandID);
-    fields += char(m_nTypeByte);
-    fields += m_data;
-    return sum(fields, fields.size());
+    QByteArray laidOut = m_header;
+    laidOut += char(m_nLengthLow);
+    laidOut += char(m_nLengthHigh);
+    laidOut += char(m_nCommandID);
+    laidOut += char(m_nTypeByte);
+    if (withData)
+        laidOut += m_data;
+    return laidOut;
 }
 
 void clsASeriesMessage::CalcHiLoBytes(quint16 value, quint8& low, quint8& high)
@@ -90,13 +86,7 @@ bool clsASeriesMessage::ParseMessage(const QByteArray& bytes, qint32 expectedCom
     m_nChecksumLow = quint8(bytes.at(bytes.size() - 2));
     m_nChecksumHigh = quint8(bytes.back());
     // The sum of the fields as declared: extra bytes, or bits where zeros belong, fail here.
-    QByteArray declared = m_header;
-    declared += char(m_nLengthLow);
-    declared += char(m_nLengthHigh);
-    declared += char(m_nCommandID);
-    declared += char(m_nTypeByte);
-    if (dataSize > 0)
-        declared += m_data;
+    const QByteArray declared = fields(dataSize > 0);
     return sum(declared, declared.size()) == GetChecksum();
 }
 

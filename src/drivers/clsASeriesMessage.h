@@ -44,7 +44,8 @@ public:
     QStringList GetStringNZArray(qint32 position, qint32 base) const;
 
 private:
-    quint16 checksumOfFields() const;
+    // Header, length, id and type as the frame lays them out, and the data if asked for.
+    QByteArray fields(bool withData) const;
 
     QByteArray m_header;
     quint8 m_nCommandID = 0;
