@@ -14,7 +14,6 @@
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
 #include "services/ErrorBox.h"
-#include "services/IDialogs.h"
 #include "services/MessageCatalogue.h"
 #include "services/SettingsAccess.h"
 #include "services/SettingsStore.h"
