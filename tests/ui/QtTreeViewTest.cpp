@@ -1,0 +1,79 @@
+#include "platform/qt/QtTreeView.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+namespace {
+class QtTreeViewTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        static int argc = 1;
+        static char name[] = "ui_tests";
+        static char* argv[] = {name, nullptr};
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (!QApplication::instance())
+            new QApplication(argc, argv);
+    }
+
+    QtTreeView m_view;
+};
+
+TEST_F(QtTreeViewTest, ItemsAreKnownByKeyWithTheirParents)
+{
+    EXPECT_TRUE(m_view.addItem({}, "GPRoot", "All Printers", 0));
+    EXPECT_TRUE(m_view.addItem("GPRoot", "GP1", "Hall", 0));
+    EXPECT_TRUE(m_view.addItem("GP1", "ID1", "Coder", 0));
+    EXPECT_TRUE(m_view.addItem("GPRoot", "ID2", "Labeller", 0));
+    EXPECT_FALSE(m_view.addItem("GPRoot", "ID2", "Again", 0)); // a key is taken once
+    EXPECT_FALSE(m_view.addItem("Nowhere", "ID3", "Lost", 0));
+    EXPECT_EQ(m_view.keys(), (QStringList{"GPRoot", "GP1", "ID1", "ID2"}));
+    EXPECT_EQ(m_view.parentKey("ID1"), QStringLiteral("GP1"));
+    EXPECT_EQ(m_view.parentKey("GPRoot"), QString());
+
+    m_view.selectItem("ID1");
+    EXPECT_EQ(m_view.selectedKey(), QStringLiteral("ID1"));
+    m_view.setItemText("ID1", "Coder: BATCH (12)");
+    EXPECT_EQ(m_view.itemText("ID1"), QStringLiteral("Coder: BATCH (12)"));
+
+    // A group goes with everything below it.
+    m_view.removeItem("GP1");
+    EXPECT_FALSE(m_view.hasItem("ID1"));
+    EXPECT_EQ(m_view.keys(), (QStringList{"GPRoot", "ID2"}));
+    m_view.clear();
+    EXPECT_TRUE(m_view.keys().isEmpty());
+}
+
+TEST_F(QtTreeViewTest, ColoursReachTheItemsAndSystemColoursFollowTheDesktop)
+{
+    m_view.addItem({}, "ID1", "Coder", 0);
+    m_view.setItemColours("ID1", 0x0000FF, 0xFFFFFF); // red on white, as 0xBBGGRR
+    QTreeWidgetItem* item = m_view.item("ID1");
+    EXPECT_EQ(item->background(0).color(), QColor(255, 0, 0));
+    EXPECT_EQ(item->foreground(0).color(), QColor(255, 255, 255));
+
+    const QPalette palette = m_view.widget().palette();
+    m_view.setItemColours("ID1", 0x80000005, 0x80000012);
+    EXPECT_EQ(item->background(0).color(), palette.color(QPalette::Base));
+    EXPECT_EQ(item->foreground(0).color(), palette.color(QPalette::ButtonText));
+    EXPECT_EQ(QtTreeView::toColor(0x8000000F, palette), palette.color(QPalette::Button));
+    EXPECT_EQ(QtTreeView::toColor(0x80000011, palette),
+              palette.color(QPalette::Disabled, QPalette::Text));
+}
+
+TEST_F(QtTreeViewTest, APointInTwipsFindsTheItemUnderIt)
+{
+    m_view.widget().resize(300, 200);
+    m_view.widget().show();
+    m_view.addItem({}, "GPRoot", "All Printers", 0);
+    m_view.addItem("GPRoot", "ID1", "Coder", 0);
+    m_view.expandItem("GPRoot");
+    const QRect second = m_view.widget().visualItemRect(m_view.item("ID1"));
+    const QPoint centre = second.center();
+    EXPECT_EQ(m_view.hitTest(centre.x() * QtTreeView::TwipsPerPixel,
+                             centre.y() * QtTreeView::TwipsPerPixel),
+              QStringLiteral("ID1"));
+    EXPECT_EQ(m_view.hitTest(10 * 15, 190 * 15), QString());
+}
+} // namespace
