@@ -151,7 +151,7 @@ int QueueCommand::add(const CommandLine& line)
                               ExitBadArguments);
     QString refusal;
     if (address.kind == PortAddress::Kind::Simulated &&
-        !SimPrinter::fromSpec(address.simSpec, refusal))
+        !SimPrinter::fromAddress(address.simAddress, refusal))
         return m_console.fail(QStringLiteral("queue add: sim:%1").arg(refusal), ExitBadArguments);
     const QString name = line.positional().at(1);
     QString problem;

@@ -19,12 +19,12 @@ std::unique_ptr<SimPrinter> SimPrinter::create(const QString& kind, const SimKno
     return printer;
 }
 
-std::unique_ptr<SimPrinter> SimPrinter::fromSpec(const QString& spec, QString& error)
+std::unique_ptr<SimPrinter> SimPrinter::fromAddress(const QString& address, QString& error)
 {
-    const qsizetype mark = spec.indexOf(QLatin1Char('?'));
-    const QString kind = spec.left(mark);
+    const qsizetype mark = address.indexOf(QLatin1Char('?'));
+    const QString kind = address.left(mark);
     const std::optional<SimKnobs> knobs =
-        SimKnobs::fromQuery(mark < 0 ? QString() : spec.mid(mark + 1), error);
+        SimKnobs::fromQuery(mark < 0 ? QString() : address.mid(mark + 1), error);
     return knobs ? create(kind, *knobs, error) : nullptr;
 }
 

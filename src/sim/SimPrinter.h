@@ -27,7 +27,7 @@ public:
     static std::unique_ptr<SimPrinter> create(const QString& kind, const SimKnobs& knobs,
                                               QString& error);
     // "KIND" or "KIND?name=value&...".
-    static std::unique_ptr<SimPrinter> fromSpec(const QString& spec, QString& error);
+    static std::unique_ptr<SimPrinter> fromAddress(const QString& address, QString& error);
 
     const QString& kind() const { return m_kind; }
     void input(const QByteArray& bytes);

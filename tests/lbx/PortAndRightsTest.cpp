@@ -29,7 +29,7 @@ TEST(PortAddressTest, EachSchemeIsReadWithItsParts)
 
     const PortAddress sim = PortAddress::parse("SIM:echo?delay=5");
     EXPECT_EQ(sim.kind, Kind::Simulated);
-    EXPECT_EQ(sim.simSpec, QStringLiteral("echo?delay=5"));
+    EXPECT_EQ(sim.simAddress, QStringLiteral("echo?delay=5"));
 }
 
 TEST(PortAddressTest, WhatNamesNothingUsableSaysWhy)

@@ -425,12 +425,12 @@ TEST(CSeriesInputTest, AFloodOfRequestsIsAnsweredOnlyAsFarAsTheOutputBufferHolds
 TEST(CSeriesKnobsTest, EveryKnobIsReadSoABareOrAFullyKnobbedPrinterIsMade)
 {
     QString error;
-    EXPECT_TRUE(SimPrinter::fromSpec(QStringLiteral("c-series"), error)) << error.toStdString();
+    EXPECT_TRUE(SimPrinter::fromAddress(QStringLiteral("c-series"), error)) << error.toStdString();
     const QString full = QStringLiteral(
         "c-series?ink=1&remaining=50&errors=4&wrap=2&file=B&files=A,B&logos=L&count=9&heads=3&"
         "version=C9.001&app=x&fpga=y&nak=14&soh=16&garble=128&inklowafter=5&errorafter=6&"
         "errorfor=7&highbit=false&packed=true&dateformat=MDY&dateseparator=.&delay=0");
-    EXPECT_TRUE(SimPrinter::fromSpec(full, error)) << error.toStdString();
+    EXPECT_TRUE(SimPrinter::fromAddress(full, error)) << error.toStdString();
     EXPECT_TRUE(error.isEmpty()) << error.toStdString();
 }
 

@@ -62,25 +62,25 @@ class SimPrinterTest : public ::testing::Test
 protected:
     void SetUp() override { ensureApplication(); }
 
-    static std::unique_ptr<SimPrinter> printerOf(const QString& spec)
+    static std::unique_ptr<SimPrinter> printerOf(const QString& address)
     {
         QString error;
-        std::unique_ptr<SimPrinter> printer = SimPrinter::fromSpec(spec, error);
-        EXPECT_TRUE(printer) << spec.toStdString() << ": " << error.toStdString();
+        std::unique_ptr<SimPrinter> printer = SimPrinter::fromAddress(address, error);
+        EXPECT_TRUE(printer) << address.toStdString() << ": " << error.toStdString();
         return printer;
     }
 };
 
 TEST_F(SimPrinterTest, RepliesComeLaterAsEventsNeverWithinInput)
 {
-    for (const QString& spec : QStringList{"echo", "echo?delay=0"}) {
-        const std::unique_ptr<SimPrinter> printer = printerOf(spec);
+    for (const QString& address : QStringList{"echo", "echo?delay=0"}) {
+        const std::unique_ptr<SimPrinter> printer = printerOf(address);
         ASSERT_TRUE(printer);
         Listener listener(*printer);
         printer->input("ping");
-        EXPECT_TRUE(listener.pieces.isEmpty()) << spec.toStdString();
+        EXPECT_TRUE(listener.pieces.isEmpty()) << address.toStdString();
         EXPECT_EQ(printer->pendingBytes(), 4);
-        ASSERT_TRUE(waitUntil([&] { return listener.all() == "ping"; })) << spec.toStdString();
+        ASSERT_TRUE(waitUntil([&] { return listener.all() == "ping"; })) << address.toStdString();
         EXPECT_EQ(printer->pendingBytes(), 0);
     }
 }
@@ -164,8 +164,8 @@ TEST_F(SimPrinterTest, GarbageReplacesEveryNthReplyWithNoiseOfTheSameLength)
 
 TEST_F(SimPrinterTest, TheSameSeedGivesTheSameNoise)
 {
-    const auto noiseOf = [](const QString& spec) {
-        const std::unique_ptr<SimPrinter> printer = printerOf(spec);
+    const auto noiseOf = [](const QString& address) {
+        const std::unique_ptr<SimPrinter> printer = printerOf(address);
         if (!printer)
             return QByteArray();
         Listener listener(*printer);
@@ -196,19 +196,19 @@ TEST_F(SimPrinterTest, AnUnknownKindABadValueOrAKnobNobodyReadsIsRefusedByName)
         {"echo?seed=4294967296", "seed"},
         {"echo?delay=1&delay=2", "delay"},
     };
-    for (const auto& [spec, named] : refused) {
+    for (const auto& [address, named] : refused) {
         QString error;
-        EXPECT_FALSE(SimPrinter::fromSpec(spec, error)) << spec.toStdString();
-        EXPECT_TRUE(error.contains(named)) << spec.toStdString() << ": " << error.toStdString();
+        EXPECT_FALSE(SimPrinter::fromAddress(address, error)) << address.toStdString();
+        EXPECT_TRUE(error.contains(named)) << address.toStdString() << ": " << error.toStdString();
     }
 
-    for (const QString& spec :
+    for (const QString& address :
          QStringList{"echo", "echo?",
                      "echo?delay=600000&fragment=1048576&gap=60000&silent=off&garbage=0"
                      "&seed=4294967295"}) {
         QString error;
-        const std::unique_ptr<SimPrinter> printer = SimPrinter::fromSpec(spec, error);
-        EXPECT_TRUE(printer) << spec.toStdString() << ": " << error.toStdString();
+        const std::unique_ptr<SimPrinter> printer = SimPrinter::fromAddress(address, error);
+        EXPECT_TRUE(printer) << address.toStdString() << ": " << error.toStdString();
         EXPECT_TRUE(error.isEmpty()) << error.toStdString();
         EXPECT_EQ(printer ? printer->kind() : QString(), QStringLiteral("echo"));
     }
@@ -248,7 +248,7 @@ TEST_F(SimPrinterTest, AKindOfItsOwnTakesItsKnobsAlongsideTheWires)
     EXPECT_TRUE(SimRegistry::kinds().contains(QStringLiteral("test-chatty")));
 
     QString error;
-    EXPECT_FALSE(SimPrinter::fromSpec(QStringLiteral("test-chatty?times=10"), error));
+    EXPECT_FALSE(SimPrinter::fromAddress(QStringLiteral("test-chatty?times=10"), error));
     EXPECT_TRUE(error.contains(QStringLiteral("times"))) << error.toStdString();
 
     const std::unique_ptr<SimPrinter> printer =

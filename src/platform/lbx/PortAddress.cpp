@@ -80,8 +80,8 @@ PortAddress PortAddress::parse(const QString& portName)
         return unusable(address, QStringLiteral("the queue has no port"));
     if (address.portName.startsWith(SimScheme, Qt::CaseInsensitive)) {
         address.kind = Kind::Simulated;
-        address.simSpec = address.portName.mid(SimScheme.size());
-        if (address.simSpec.isEmpty())
+        address.simAddress = address.portName.mid(SimScheme.size());
+        if (address.simAddress.isEmpty())
             return unusable(address, QStringLiteral("sim: needs a kind, as in sim:echo"));
         return address;
     }

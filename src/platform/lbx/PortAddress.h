@@ -28,5 +28,5 @@ struct PortAddress
     Parity parity = Parity::None;
     int stopBits = 1;
     // Simulated: "KIND?name=value&...".
-    QString simSpec;
+    QString simAddress;
 };

@@ -2,9 +2,9 @@
 
 #include "sim/SimPrinter.h"
 
-SimTransport::SimTransport(const QString& spec, QObject* parent)
+SimTransport::SimTransport(const QString& address, QObject* parent)
     : Transport(parent)
-    , m_printer(SimPrinter::fromSpec(spec, m_refusal))
+    , m_printer(SimPrinter::fromAddress(address, m_refusal))
 {
     if (m_printer)
         connect(m_printer.get(), &SimPrinter::output, this, &Transport::received);

@@ -13,14 +13,14 @@ class SimTransport : public Transport
     Q_OBJECT
 
 public:
-    explicit SimTransport(const QString& spec, QObject* parent = nullptr);
+    explicit SimTransport(const QString& address, QObject* parent = nullptr);
     ~SimTransport() override;
 
     void open() override;
     void send(const QByteArray& bytes) override;
 
 private:
-    // Why there is no printer, when its spec was refused.
+    // Why there is no printer, when its address was refused.
     QString m_refusal;
     std::unique_ptr<SimPrinter> m_printer;
 };

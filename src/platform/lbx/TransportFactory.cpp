@@ -14,7 +14,7 @@ std::unique_ptr<Transport> CreateTransport(const PortAddress& address)
     case PortAddress::Kind::Serial:
         return std::make_unique<SerialTransport>(address);
     case PortAddress::Kind::Simulated:
-        return std::make_unique<SimTransport>(address.simSpec);
+        return std::make_unique<SimTransport>(address.simAddress);
     case PortAddress::Kind::Unusable:
         break;
     }
