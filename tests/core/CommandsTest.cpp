@@ -185,21 +185,6 @@ TEST_F(CommandsTest, AUserWithoutTheRightIsToldOrIgnoredAsTheCommandSays)
     EXPECT_EQ(m_dialogs->boxes().size(), 4);
 }
 
-TEST_F(CommandsTest, AddingAPrinterIsTheApplicationsDialogAndTheQueueEvent)
-{
-    startSite();
-    m_view.selectItem("GPHall");
-    m_application->queues.nextAddition = {QStringLiteral("Line 3"), ScriptedHandler::FirstNumber};
-    m_control->DoAddPrinter();
-    const clsComponent* line3 = g_oComponents->FindPrinter("Line 3");
-    ASSERT_NE(line3, nullptr);
-    EXPECT_EQ(g_oComponents->FindParent(line3->m_sID)->m_sID, QStringLiteral("GPHall"));
-    EXPECT_TRUE(m_view.hasItem(line3->m_sID));
-
-    m_control->DoAddPrinter(); // the user gave up: nothing changes
-    EXPECT_EQ(g_oComponents->Count(), 2);
-}
-
 TEST_F(CommandsTest, TheClockGoesToEveryPrinterBelowTheSelection)
 {
     auto clock = std::make_shared<FakeClock>();
@@ -220,24 +205,6 @@ TEST_F(CommandsTest, TheClockGoesToEveryPrinterBelowTheSelection)
     EXPECT_EQ(line1.calls.count(synced), 1);
     EXPECT_EQ(line2.calls.count(synced), 2);
     InstallClock(nullptr);
-}
-
-TEST_F(CommandsTest, HelpOptionsAndProgressOpenTheirWindows)
-{
-    auto forms = std::make_shared<RecordingForms>();
-    auto log = std::make_shared<CountingProgressLog>();
-    IForms::install(forms);
-    InstallProgressLog(log);
-    start();
-
-    m_control->DoHelp();
-    m_control->DoDisplayOptions();
-    EXPECT_EQ(forms->shown, (QStringList{GetMessageFolder() + "Vigil.html", "options"}));
-    EXPECT_TRUE(GetMessageFolder().endsWith("/"));
-    m_control->DoDisplayPrintProgress();
-    EXPECT_EQ(log->shown, 1);
-    IForms::install(nullptr);
-    InstallProgressLog(nullptr);
 }
 
 TEST_F(CommandsTest, TheFileViewTakesThePaneAndGivesItBack)

@@ -128,17 +128,6 @@ TEST_F(PollSchedulerTest, StartUpPollsOnceThenAppliesTheStoredIntervalWhenItDiff
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 }
 
-TEST_F(PollSchedulerTest, AChangeOfIntervalNeverStartsAStoppedTimer)
-{
-    setOption(200000);
-    Rig rig;
-    rig.scheduler.UpdatePollInterval();
-    EXPECT_FALSE(rig.timer1.isEnabled());
-    EXPECT_EQ(rig.timer1.interval(), 65000);
-    EXPECT_EQ(rig.scheduler.remainingInterval(), 135000);
-    EXPECT_EQ(rig.timer1.restarts(), 0);
-}
-
 TEST_F(PollSchedulerTest, IntervalsUpToOneSlicePollOnEveryTick)
 {
     for (const qint32 interval : {4000, 20000, 65000}) {
@@ -279,26 +268,6 @@ TEST_F(PollSchedulerTest, WithPollingOffTheTimersRunOnButTheTreeIsLeftAlone)
     EXPECT_EQ(rig.cycle(), 2);
 }
 
-TEST_F(PollSchedulerTest, AnEmptyTreeOrNoHooksLeaveTheTimersGoing)
-{
-    setOption(20000);
-    BrittleTimer timer1(200, false);
-    BrittleTimer tmrTimeout(0, false);
-    {
-        PollScheduler scheduler(timer1, tmrTimeout, {});
-        scheduler.Timer1_Timer();
-        scheduler.UpdatePollInterval();
-        EXPECT_TRUE(timer1.fire());
-        EXPECT_TRUE(tmrTimeout.fire());
-        EXPECT_TRUE(timer1.isEnabled());
-        EXPECT_TRUE(tmrTimeout.isEnabled());
-        EXPECT_TRUE(m_dialogs->boxes().isEmpty());
-    }
-    // Gone, it lets go of the timers' ticks.
-    EXPECT_FALSE(timer1.hasTick());
-    EXPECT_FALSE(tmrTimeout.hasTick());
-}
-
 TEST_F(PollSchedulerTest, AFailedWalkIsShownAndTheTimersStartAgain)
 {
     setOption(20000);
@@ -323,63 +292,4 @@ TEST_F(PollSchedulerTest, AFailedWalkIsShownAndTheTimersStartAgain)
     EXPECT_EQ(m_dialogs->boxes().size(), 2);
 }
 
-TEST_F(PollSchedulerTest, AFailureWhileTheTimersAreStoppedLeavesThemStopped)
-{
-    setOption(20000);
-    Rig rig;
-    rig.start();
-    rig.tmrTimeout.failing = true;
-    EXPECT_FALSE(rig.tick());
-    ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(boxTitle(0), QStringLiteral("AddInControl - Timer1_Timer - Korvex Vigil"));
-    EXPECT_EQ(boxText(0), QStringLiteral("Invalid property value - 380"));
-    EXPECT_FALSE(rig.timer1.isEnabled());
-    EXPECT_FALSE(rig.tmrTimeout.isEnabled());
-
-    rig.tmrTimeout.failing = false;
-    setOption(30000);
-    rig.scheduler.UpdatePollInterval();
-    EXPECT_EQ(rig.timer1.interval(), 30000);
-    EXPECT_FALSE(rig.timer1.isEnabled());
-    EXPECT_FALSE(rig.tmrTimeout.isEnabled());
-}
-
-TEST_F(PollSchedulerTest, TimeoutAndIntervalFailuresAreShownWithTheirOwnContext)
-{
-    setOption(20000);
-    Rig rig;
-    rig.start();
-    rig.timeoutWalk = [] {
-        throw std::runtime_error("Subscript out of range");
-    };
-    rig.tmrTimeout.fire();
-    ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(boxTitle(0), QStringLiteral("tmrTimeout_Timer - Korvex Vigil"));
-    EXPECT_EQ(boxText(0), QStringLiteral("Subscript out of range - 0"));
-    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
-
-    rig.timer1.failing = true;
-    setOption(30000);
-    rig.scheduler.UpdatePollInterval();
-    ASSERT_EQ(m_dialogs->boxes().size(), 2);
-    EXPECT_EQ(boxTitle(1), QStringLiteral("AddInControl - UpdatePollInterval - Korvex Vigil"));
-    EXPECT_EQ(boxText(1), QStringLiteral("Invalid property value - 380"));
-}
-
-TEST_F(PollSchedulerTest, AControlGoingDownStopsTheTickBeforeTheWalk)
-{
-    setOption(20000);
-    Rig rig;
-    rig.start();
-    rig.tmrTimeout.setInterval(1);
-    const int restarts = rig.timer1.restarts() + rig.tmrTimeout.restarts();
-    rig.exiting = true;
-    rig.exitChecks.clear();
-    EXPECT_FALSE(rig.tick());
-    EXPECT_EQ(rig.exitChecks.size(), 1);
-    // Stopping Timer1 is CheckExit's own business; the tick leaves both timers as they were.
-    EXPECT_TRUE(rig.timer1.isEnabled());
-    EXPECT_EQ(rig.tmrTimeout.interval(), 1);
-    EXPECT_EQ(rig.timer1.restarts() + rig.tmrTimeout.restarts(), restarts);
-}
 } // namespace

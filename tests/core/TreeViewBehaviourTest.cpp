@@ -234,18 +234,4 @@ TEST_F(TreeViewBehaviourTest, F5RecoloursPrintersFromWhatTheyAlreadyKnow)
     EXPECT_FALSE(handler.calls.contains("Process"));
 }
 
-TEST_F(TreeViewBehaviourTest, APageStretchesOnlyWhenItCan)
-{
-    start({"Line 1"});
-    click(idOf("Line 1"));
-    EXPECT_FALSE(m_control->ResizeComponent(9000, 6000)); // a page that doesn't stretch
-    shownPage()->resizeAnswer = true;
-    EXPECT_TRUE(m_control->ResizeComponent(9000, 6000));
-    EXPECT_EQ(shownPage()->resizedTo, (std::pair<qint16, qint16>{9000, 6000}));
-
-    // A printer whose queue goes takes its page with it.
-    m_application->queues.remove("Line 1");
-    EXPECT_EQ(m_control->currentControl(), nullptr);
-    EXPECT_FALSE(m_control->ResizeComponent(9000, 6000));
-}
 } // namespace

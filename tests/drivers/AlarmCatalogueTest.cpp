@@ -88,20 +88,6 @@ TEST_F(AlarmCatalogueTest, ABadLineStopsTheLoadAndKeepsWhatCameBefore)
     EXPECT_TRUE(load("1\tlow\tLevel not a number\n"));
 }
 
-TEST_F(AlarmCatalogueTest, AFailedLookupLoadIsNotRetried)
-{
-    // Missing: the first lookup fails, later ones get the empty catalogue.
-    EXPECT_TRUE(failureOf([] { GetAlarmLookup(1); }));
-    writeCatalogue("3\t2\tGutter fault\n");
-    EXPECT_EQ(GetAlarmLookup(1).Count(), 0);
-
-    // Duplicate: the alarms ahead of it stay known, those behind it never will be.
-    ResetAlarmLookup();
-    writeCatalogue("3\t2\tGutter fault\n3\t1\tAgain\n4\t1\tBehind\n");
-    EXPECT_TRUE(failureOf([] { GetAlarmLookup(1); }));
-    EXPECT_EQ(idsOf(GetAlarmLookup(1)), QStringList({"3"}));
-}
-
 TEST_F(AlarmCatalogueTest, KindOneIsReadOnceAndNoOtherKindIsKnown)
 {
     writeCatalogue("3\t2\tGutter fault\n");

@@ -11,7 +11,6 @@
 #include "support/EnginePump.h"
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
-#include "support/ScriptedConsole.h"
 #include "support/ServicesFixture.h"
 
 #include <QMap>
@@ -341,39 +340,6 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
     EXPECT_TRUE(sent().isEmpty());
 }
 
-TEST_F(DominoHandlerCTest, TheConsoleSendsRawCommandsAndHoldsThePollsOffUntilClosed)
-{
-    ScriptedConsole* console = nullptr;
-    ICommandConsole::installFactory([&console] {
-        auto made = std::make_unique<ScriptedConsole>();
-        console = made.get();
-        return made;
-    });
-    clsDominoHandlerC& coder = handler();
-    coder.InvokeCommandTesting();
-    ASSERT_NE(console, nullptr);
-    EXPECT_EQ(console->setup, std::make_tuple(false, true, false));
-    EXPECT_EQ(console->commands, QByteArray("\x1A\x17\x1B\x10\x15\x16\x11\x14\x12\x13\x04\x0F"
-                                            "\x19\x18\x0E\x1D\x0A\x01"));
-
-    console->command = QByteArray("\x1A"
-                                  "data");
-    coder.setDisabled(true); // the console talks to a disabled printer too
-    coder.FireCommandTest();
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x1A"
-                                        "data"});
-    m_queue->inject("\x15 anything");
-    EXPECT_EQ(console->responses, QStringList{QStringLiteral("\x15 anything")});
-    EXPECT_EQ(coder.CommsErrors(), 0);
-    coder.setDisabled(false);
-    coder.Process();
-    EXPECT_TRUE(sent().isEmpty());
-
-    coder.EndCommandTesting();
-    coder.Process();
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
-    ICommandConsole::installFactory(nullptr);
-}
 // Against the simulated coder: what the actions set is what the next round reads back.
 TEST_F(DominoHandlerCTest, ActionsChangeTheSimulatedCoder)
 {

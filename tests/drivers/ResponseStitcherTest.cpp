@@ -29,16 +29,6 @@ protected:
     clsResponseStitcher m_stitcher;
 };
 
-TEST(ResponseStitcherDefaultsTest, ANewStitcherEndsEveryPieceAndKnowsNoErrors)
-{
-    clsResponseStitcher stitcher;
-    EXPECT_EQ(stitcher.MakePortable(), QByteArray("[1]{-1}[2]{0};;[3]{0};;[4]False;;[5];;"));
-    // Its one terminator is empty, and the empty string ends any reply.
-    EXPECT_EQ(stitcher.StitchResponse(kNak, 1), clsResponseStitcher::StitchComplete);
-    EXPECT_EQ(stitcher.StitchResponse({}, 2), clsResponseStitcher::StitchComplete);
-    EXPECT_TRUE(stitcher.LastError().isEmpty());
-}
-
 TEST_F(ResponseStitcherTest, TerminatorsAreSoughtInTheJoinedReply)
 {
     EXPECT_EQ(Feed({"ab", "c"}),
@@ -54,14 +44,6 @@ TEST_F(ResponseStitcherTest, TerminatorsAreSoughtInTheJoinedReply)
     m_stitcher.SetTerminiatingSequences({"\r\n"});
     EXPECT_EQ(Feed({"ok\r", "\n"}),
               QList<Status>({Status::StitchIncomplete, Status::StitchComplete}));
-}
-
-TEST_F(ResponseStitcherTest, TheFirstTerminatorInListOrderDecidesWhereverItStands)
-{
-    m_stitcher.SetTerminiatingSequences({"A", "B"});
-    EXPECT_EQ(m_stitcher.StitchResponse("xAyB", 1), clsResponseStitcher::StitchSurplus);
-    EXPECT_EQ(m_stitcher.StitchResponse("zB", 2), clsResponseStitcher::StitchComplete);
-    EXPECT_EQ(m_stitcher.StitchResponse("zBA", 3), clsResponseStitcher::StitchComplete);
 }
 
 TEST_F(ResponseStitcherTest, ErrorsAreSoughtInTheNewestFragmentOnly)
@@ -142,24 +124,6 @@ TEST_F(ResponseStitcherTest, TemporaryErrorsReplaceEachOtherAndClearTheFixedLeng
     EXPECT_EQ(m_stitcher.StitchResponse(kNak, 6), clsResponseStitcher::StitchError);
 }
 
-TEST_F(ResponseStitcherTest, TemporaryTerminatorsReplaceEachOtherAndClearTheFixedLength)
-{
-    m_stitcher.FixedLength(1);
-    m_stitcher.SetTempTerminiatingSequences({"1"});
-    m_stitcher.SetTempTerminiatingSequences({"2"});
-    EXPECT_EQ(m_stitcher.MakePortable(),
-              "[1]{0}" + kNak + ";;[2]{0}2;;[3]{0}" + kEnd + ";;[4]True;;[5];;");
-    EXPECT_EQ(m_stitcher.StitchResponse("ab", 1), clsResponseStitcher::StitchIncomplete);
-
-    m_stitcher.SetTerminiatingSequences({"3"});
-    m_stitcher.FixedLength(1);
-    m_stitcher.ClearTempTerminiatingSequences();
-    EXPECT_EQ(m_stitcher.StitchResponse("ab", 2), clsResponseStitcher::StitchIncomplete);
-    EXPECT_EQ(m_stitcher.StitchResponse(kEnd, 2), clsResponseStitcher::StitchComplete);
-    EXPECT_EQ(m_stitcher.MakePortable(),
-              "[1]{0}" + kNak + ";;[2]{0}" + kEnd + ";;[3]{0}" + kEnd + ";;[4]False;;[5];;");
-}
-
 TEST_F(ResponseStitcherTest, PortableTextCarriesListsFlagAndLastError)
 {
     m_stitcher.SetErrorStrings({kNak, "ERR"});
@@ -175,19 +139,6 @@ TEST_F(ResponseStitcherTest, PortableTextCarriesListsFlagAndLastError)
     copy.ClearTempTerminiatingSequences();
     EXPECT_EQ(copy.StitchResponse("OK", 1), clsResponseStitcher::StitchIncomplete);
     EXPECT_EQ(copy.StitchResponse(kEnd, 1), clsResponseStitcher::StitchComplete);
-}
-
-TEST_F(ResponseStitcherTest, ReadingPortableTextKeepsWhatItCannotRead)
-{
-    m_stitcher.StitchResponse(kNak, 1);
-    const QByteArray before = m_stitcher.MakePortable();
-    // Missing keys, a "}" before the "{", and empty or unended values change nothing.
-    m_stitcher.FromPortable("[1]}3{[3][4];;[5]x");
-    EXPECT_EQ(m_stitcher.MakePortable(), before);
-    m_stitcher.FromPortable("[4]True;;[5];;");
-    EXPECT_EQ(m_stitcher.MakePortable(), QByteArray(before).replace("False", "True"));
-    m_stitcher.FromPortable("[4]yes;;");
-    EXPECT_EQ(m_stitcher.MakePortable(), before);
 }
 
 TEST_F(ResponseStitcherTest, AnEmptyPortableElementEmptiesTheRestOfItsList)

@@ -177,21 +177,6 @@ TEST_F(VigilSimTest, EchoPrintersAnswerOverTcpEachAtItsOwnAddress)
     EXPECT_TRUE(m_err.isEmpty()) << m_err.toStdString();
 }
 
-TEST_F(VigilSimTest, EveryClientOfAPrinterHearsWhatItSays)
-{
-    const QMap<QString, Served> served = serve(
-        writeScenario(R"({"printers": [{"name": "P", "kind": "echo", "listen": "127.0.0.2:0"}]})"),
-        1);
-    Client earlier(served["P"]);
-    EXPECT_EQ(earlier.echo("1"), "1");
-    // The later client's bytes can only be answered once it is taken on, so the earlier one
-    // hears that answer for sure.
-    Client later(served["P"]);
-    EXPECT_EQ(later.echo("2"), "2");
-    EXPECT_TRUE(WaitUntil([&] { return earlier.received() == "12"; }))
-        << earlier.received().toStdString();
-}
-
 TEST_F(VigilSimTest, SigintAndSigtermEndItWithExitZero)
 {
     const QString scenario =
@@ -208,55 +193,6 @@ TEST_F(VigilSimTest, SigintAndSigtermEndItWithExitZero)
         EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
         EXPECT_EQ(socket.error(), QAbstractSocket::ConnectionRefusedError);
     }
-}
-
-TEST_F(VigilSimTest, APrinterThatCannotBeServedIsNamedAndTheOthersServed)
-{
-    QTcpServer occupant;
-    ASSERT_TRUE(occupant.listen(QHostAddress(QStringLiteral("127.0.0.5")), 0));
-    const QString busy = QStringLiteral("127.0.0.5:%1").arg(occupant.serverPort());
-    const QString scenario = writeScenario(QStringLiteral(R"({"printers": [
-        {"name": "Busy", "kind": "echo", "listen": "%1"},
-        {"name": "Zebra", "kind": "zebra", "listen": "127.0.0.6:0"},
-        {"name": "Good", "kind": "echo", "listen": "127.0.0.6:0"},
-        {"name": "Bad delay", "kind": "echo", "listen": "127.0.0.6:0", "knobs": {"delay": -5}},
-        {"name": "Colour", "kind": "echo", "listen": "127.0.0.6:0", "knobs": {"colour": "red"}},
-        {"name": "Far away", "kind": "echo", "listen": "192.0.2.1:9100"},
-        {"name": "No port", "kind": "echo", "listen": "127.0.0.7"}
-    ]})")
-                                               .arg(busy)
-                                               .toUtf8());
-    const QMap<QString, Served> served = serve(scenario, 1, 6);
-    ASSERT_EQ(served.keys(), QStringList({"Good"}));
-    Client good(served["Good"]);
-    EXPECT_EQ(good.echo("still here"), "still here");
-
-    const QStringList lines = m_err.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    const QList<std::pair<QString, QString>> expected{
-        {"Busy", busy},       {"Zebra", "zebra"},        {"Bad delay", "delay"},
-        {"Colour", "colour"}, {"Far away", "192.0.2.1"}, {"No port", "127.0.0.7"}};
-    ASSERT_EQ(lines.size(), expected.size()) << m_err.toStdString();
-    for (qsizetype index = 0; index < lines.size(); ++index) {
-        const auto& [name, reason] = expected.at(index);
-        EXPECT_TRUE(lines.at(index).startsWith(QStringLiteral("vigil-sim: \"%1\"").arg(name)) &&
-                    lines.at(index).contains(reason))
-            << lines.at(index).toStdString();
-    }
-    EXPECT_TRUE(endsCleanlyOn(SIGTERM));
-}
-
-TEST_F(VigilSimTest, WithNothingToServeItExitsOne)
-{
-    const QString bad = writeScenario(R"({"printers": [
-        {"name": "Zebra", "kind": "zebra", "listen": "127.0.0.2:0"},
-        {"name": "Far away", "kind": "echo", "listen": "192.0.2.1:9100"}
-    ]})");
-    const Outcome outcome = run({bad});
-    EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.out.isEmpty()) << outcome.out.toStdString();
-    EXPECT_EQ(outcome.err.count(QLatin1Char('\n')), 3) << outcome.err.toStdString();
-
-    EXPECT_EQ(run({writeScenario(R"({"printers": []})", "empty.json")}).code, 1);
 }
 
 TEST_F(VigilSimTest, ABadScenarioFileOrCommandLineExitsTwoWithOneLine)
@@ -302,77 +238,4 @@ TEST_F(VigilSimTest, ABadScenarioFileOrCommandLineExitsTwoWithOneLine)
     EXPECT_TRUE(help.out.startsWith(QStringLiteral("Usage: vigil-sim"))) << help.out.toStdString();
 }
 
-TEST_F(VigilSimTest, MakeScenarioPutsEachPrinterAtItsOwnLoopbackAddress)
-{
-    const Outcome three = run({"--make-scenario", "3", "echo"});
-    ASSERT_EQ(three.code, 0) << three.err.toStdString();
-    const QJsonArray printers =
-        QJsonDocument::fromJson(three.out.toUtf8()).object().value("printers").toArray();
-    ASSERT_EQ(printers.size(), 3) << three.out.toStdString();
-    QSet<QString> addresses;
-    for (qsizetype index = 0; index < printers.size(); ++index) {
-        const QJsonObject printer = printers.at(index).toObject();
-        EXPECT_EQ(printer.value("name").toString(), QStringLiteral("echo %1").arg(index + 1));
-        EXPECT_EQ(printer.value("kind").toString(), QStringLiteral("echo"));
-        EXPECT_TRUE(printer.value("listen").toString().startsWith(QStringLiteral("127.")));
-        EXPECT_TRUE(printer.value("listen").toString().endsWith(QStringLiteral(":9100")));
-        addresses.insert(printer.value("listen").toString());
-    }
-    EXPECT_EQ(addresses.size(), 3);
-
-    // Past 127.0.0.255 the count carries into the next octet.
-    const Outcome many = run({"--make-scenario", "300", "echo", "--port", "9200"});
-    ASSERT_EQ(many.code, 0) << many.err.toStdString();
-    const QJsonArray fleet =
-        QJsonDocument::fromJson(many.out.toUtf8()).object().value("printers").toArray();
-    ASSERT_EQ(fleet.size(), 300);
-    EXPECT_EQ(fleet.at(253).toObject().value("listen").toString(), "127.0.0.255:9200");
-    EXPECT_EQ(fleet.at(254).toObject().value("listen").toString(), "127.0.1.0:9200");
-    EXPECT_EQ(fleet.at(299).toObject().value("listen").toString(), "127.0.1.45:9200");
-}
-
-TEST_F(VigilSimTest, AMadeScenarioIsServedAsWritten)
-{
-    const Outcome made =
-        run({"--make-scenario", "2", "echo", "--port", "0", "--knobs", "fragment=2&gap=30"});
-    ASSERT_EQ(made.code, 0) << made.err.toStdString();
-    const QJsonObject knobs = QJsonDocument::fromJson(made.out.toUtf8())
-                                  .object()
-                                  .value("printers")
-                                  .toArray()
-                                  .at(0)
-                                  .toObject()
-                                  .value("knobs")
-                                  .toObject();
-    EXPECT_EQ(knobs, QJsonObject({{"fragment", 2}, {"gap", 30}}));
-
-    const QMap<QString, Served> served = serve(writeScenario(made.out.toUtf8()), 2);
-    ASSERT_EQ(served.keys(), QStringList({"echo 1", "echo 2"}));
-    EXPECT_EQ(served["echo 1"].host, QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(served["echo 2"].host, QStringLiteral("127.0.0.3"));
-    Client client(served["echo 2"]);
-    EXPECT_EQ(client.echo("abcdef"), "abcdef");
-    EXPECT_GE(client.pieces.size(), 2);
-}
-
-TEST_F(VigilSimTest, MakeScenarioRefusesWhatCannotBeServed)
-{
-    const QList<QStringList> refused{
-        {"--make-scenario", "0", "echo"},
-        {"--make-scenario", "many", "echo"},
-        {"--make-scenario", "16777214", "echo"},
-        {"--make-scenario", "2", "zebra"},
-        {"--make-scenario", "2", "echo", "--knobs", "colour=red"},
-        {"--make-scenario", "2", "echo", "--knobs", "delay=soon"},
-        {"--make-scenario", "2", "echo", "--port", "65536"},
-        {"--make-scenario", "2"},
-    };
-    for (const QStringList& args : refused) {
-        const Outcome outcome = run(args);
-        EXPECT_EQ(outcome.code, 2) << args.join(' ').toStdString();
-        EXPECT_TRUE(outcome.out.isEmpty()) << outcome.out.toStdString();
-        EXPECT_TRUE(isOneLine(outcome.err))
-            << args.join(' ').toStdString() << ": " << outcome.err.toStdString();
-    }
-}
 } // namespace

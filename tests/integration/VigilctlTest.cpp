@@ -39,32 +39,6 @@ TEST_F(VigilctlTest, SetGetListAndDelete)
     EXPECT_EQ(vigilctl({"store", "list", "HKLM\\Software\\Orvane"}).out, QStringLiteral("Vigil\n"));
 }
 
-TEST_F(VigilctlTest, ExportAndImportInRegText)
-{
-    const QByteArray reg = "Windows Registry Editor Version 5.00\n\n"
-                           "[HKLM\\Software\\Orvane\\Vigil\\Options]\n"
-                           "\"PollInterval\"=dword:00002710\n"
-                           "\"Note\"=\"say \\\"hi\\\"\"\n";
-    Outcome imported = vigilctl({"store", "import", "-"}, reg);
-    EXPECT_EQ(imported.code, 0) << imported.err.toStdString();
-    EXPECT_EQ(vigilctl({"store", "get", Options, "Note"}).out, QStringLiteral("say \"hi\"\n"));
-
-    const Outcome exported = vigilctl({"store", "export", Options});
-    EXPECT_EQ(exported.code, 0);
-    EXPECT_EQ(exported.out, QStringLiteral("Windows Registry Editor Version 5.00\n\n"
-                                           "[HKLM\\Software\\Orvane\\Vigil\\Options]\n"
-                                           "\"Note\"=\"say \\\"hi\\\"\"\n"
-                                           "\"PollInterval\"=dword:00002710\n"));
-
-    const Outcome bad = vigilctl({"store", "import", "-"}, "[HKLM\\X]\n\"N\"=dword:zz\n");
-    EXPECT_EQ(bad.code, 3);
-    EXPECT_TRUE(bad.err.contains(QStringLiteral("line 2"))) << bad.err.toStdString();
-    EXPECT_EQ(vigilctl({"store", "list", "HKLM"}).out, QStringLiteral("Software\n"));
-
-    EXPECT_EQ(vigilctl({"store", "import", m_dir.filePath("absent.reg")}).code, 3);
-    EXPECT_EQ(vigilctl({"store", "export", "HKLM\\Nothing"}).code, 1);
-}
-
 TEST_F(VigilctlTest, BadCommandLinesSayWhyInOneLine)
 {
     const QList<QStringList> bad = {
@@ -91,21 +65,6 @@ TEST_F(VigilctlTest, BadCommandLinesSayWhyInOneLine)
         EXPECT_EQ(run.code, 0);
         EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: vigilctl"))) << run.out.toStdString();
     }
-}
-
-TEST_F(VigilctlTest, AFileThatIsNotAStoreIsNamedAndKept)
-{
-    {
-        QFile file(storePath());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray("not a database\n").repeated(100));
-    }
-    const Outcome run = vigilctl({"store", "set", Options, "PollInterval", "5000", "--dword"});
-    EXPECT_EQ(run.code, 3);
-    EXPECT_TRUE(run.err.contains(storePath())) << run.err.toStdString();
-    QFile file(storePath());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("not a database\n").repeated(100));
 }
 
 TEST_F(VigilctlTest, MessagesFollowTheLanguageChain)

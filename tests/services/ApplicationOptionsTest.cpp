@@ -71,58 +71,6 @@ TEST_F(ApplicationOptionsTest, TheIntervalIsClampedInMemoryAndSavedOnlyBySave)
     EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(100000000));
 }
 
-TEST_F(ApplicationOptionsTest, AfterASaveTheMessageFolderFollowsTheLanguage)
-{
-    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGen/"));
-    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Orvane\\Common\\Settings"),
-                         QStringLiteral("Language"), REG_SZ, QStringLiteral("de")),
-              0);
-    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGen/"));
-    m_options.saveOptions();
-    EXPECT_EQ(m_options.getMessageFolder(), programFolder() + QStringLiteral("/MSGde/"));
-}
-
-TEST_F(ApplicationOptionsTest, BrandWordsReplaceWithExactCase)
-{
-    const QString orvane = QStringLiteral("SOFTWARE\\Orvane\\Common");
-    storeBrand(orvane, QStringLiteral("Korvex Vigil"), QStringLiteral("Acme Vision"));
-    storeBrand(orvane, QStringLiteral("Korvex"), QStringLiteral("Acme"));
-    storeBrand(orvane, QStringLiteral("Company"), QStringLiteral("Acme Ltd"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex Vigil from Company")),
-              QStringLiteral("Acme Vision from Acme Ltd"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("korvex vigil")),
-              QStringLiteral("korvex vigil"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex printers")),
-              QStringLiteral("Acme printers"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("from Korvex")),
-              QStringLiteral("from Korvex"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex-Drucker")),
-              QStringLiteral("Korvex-Drucker"));
-}
-
-TEST_F(ApplicationOptionsTest, EachBrandWordComesFromTheFirstKeyThatHoldsIt)
-{
-    storeBrand(QStringLiteral("SOFTWARE\\Trellan\\Common"), QStringLiteral("Company"),
-               QStringLiteral("Trellan AG"));
-    // The product name holds the brand word and a blank: the second step rewrites it.
-    storeBrand(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("Korvex Vigil"),
-               QStringLiteral("Korvex Watch"));
-    storeBrand(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("Korvex"),
-               QStringLiteral("Zenith"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Korvex Vigil by Company")),
-              QStringLiteral("Zenith Watch by Trellan AG"));
-
-    // Read once per process: later changes of the store don't reach it.
-    storeBrand(QStringLiteral("SOFTWARE\\Orvane\\Common"), QStringLiteral("Company"),
-               QStringLiteral("Changed"));
-    EXPECT_EQ(m_options.applyBranding(QStringLiteral("Company")), QStringLiteral("Trellan AG"));
-
-    ApplicationOptions unbranded;
-    SettingsStore::install(std::make_shared<SettingsStore>(m_home.filePath("empty.sqlite")));
-    EXPECT_EQ(unbranded.applyBranding(QStringLiteral("Korvex Vigil by Company")),
-              QStringLiteral("Korvex Vigil by Orvane Ltd"));
-}
-
 TEST_F(ApplicationOptionsTest, ErrorBoxesCarryTheContextAndTheBrandedTitle)
 {
     EXPECT_EQ(GetErrorTitle(QString()), QStringLiteral("Korvex Vigil"));

@@ -45,13 +45,6 @@ TEST(Conversions, ToLongRoundsHalfToEven)
     EXPECT_EQ(ToLong(42), 42);
 }
 
-TEST(Conversions, ToLongOfEmptyAndBoolean)
-{
-    EXPECT_EQ(ToLong(QVariant()), 0);
-    EXPECT_EQ(ToLong(true), -1);
-    EXPECT_EQ(ToLong(false), 0);
-}
-
 TEST(Conversions, ToLongRaisesTypeMismatchAndOverflow)
 {
     EXPECT_EQ(errorOf(QStringLiteral("abc")), VigilError::TypeMismatch);
@@ -71,20 +64,4 @@ TEST(Conversions, ToLongRaisesTypeMismatchAndOverflow)
     EXPECT_EQ(errorOf(QStringLiteral("2147483648")), VigilError::Overflow);
     EXPECT_EQ(errorOf(qint64(1) << 32), VigilError::Overflow);
     EXPECT_EQ(VigilError::Overflow, 6);
-}
-
-TEST(Conversions, TextOf)
-{
-    EXPECT_EQ(TextOf(true), QStringLiteral("True"));
-    EXPECT_EQ(TextOf(false), QStringLiteral("False"));
-    EXPECT_EQ(TextOf(42), QStringLiteral("42"));
-    EXPECT_EQ(TextOf(2.0), QStringLiteral("2"));
-    EXPECT_EQ(TextOf(1234.5), QStringLiteral("1234.5"));
-    EXPECT_EQ(TextOf(-0.25), QStringLiteral("-0.25"));
-    // Fifteen significant digits hide the binary noise.
-    EXPECT_EQ(TextOf(0.1 + 0.2), QStringLiteral("0.3"));
-    EXPECT_EQ(TextOf(1.0 / 3.0), QStringLiteral("0.333333333333333"));
-    EXPECT_EQ(TextOf(123456789012345.0), QStringLiteral("123456789012345"));
-    EXPECT_EQ(TextOf(QStringLiteral("as is")), QStringLiteral("as is"));
-    EXPECT_EQ(TextOf(QVariant()), QString());
 }

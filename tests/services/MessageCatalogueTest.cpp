@@ -37,13 +37,6 @@ TEST_F(MessageCatalogueTest, LineNumbersAreIdsAndTheTableHasRoomBeyondTheFile)
     EXPECT_EQ(catalogue.getMessage(-2, QStringLiteral("x")), QStringLiteral("x"));
 }
 
-TEST_F(MessageCatalogueTest, NoMessageNeverLoadsTheFile)
-{
-    EXPECT_EQ(m_catalogue.getMessage(-1, QStringLiteral("x")), QStringLiteral("x"));
-    EXPECT_FALSE(m_catalogue.isLoaded());
-    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
-}
-
 TEST_F(MessageCatalogueTest, CommentsEscapesAndEmptyLines)
 {
     MessageCatalogue& catalogue = load("Open//the file\n"
@@ -68,19 +61,6 @@ TEST_F(MessageCatalogueTest, CommentsEscapesAndEmptyLines)
     EXPECT_EQ(catalogue.getMessage(9), QStringLiteral("LF only"));
 }
 
-TEST_F(MessageCatalogueTest, TheTableGrowsByTenBeyondTheLineThatDidNotFit)
-{
-    QByteArray text;
-    for (int line = 1; line <= 11; ++line)
-        text += "line " + QByteArray::number(line) + "\n";
-    MessageCatalogue& catalogue = load(text);
-    EXPECT_EQ(catalogue.capacity(), 21);
-    for (int id = 1; id <= 11; ++id)
-        EXPECT_EQ(catalogue.getMessage(id), QStringLiteral("line %1").arg(id));
-    EXPECT_EQ(catalogue.getMessage(21, QStringLiteral("x")), QString());
-    EXPECT_EQ(catalogue.getMessage(22, QStringLiteral("x")), QStringLiteral("x"));
-}
-
 TEST_F(MessageCatalogueTest, FormatMessageReplacesTheFirstOfEachMarkInTurn)
 {
     MessageCatalogue& catalogue = load("%2 of %1\n%1 %1\nno marks\n%1 and %10\n%1\n");
@@ -91,19 +71,6 @@ TEST_F(MessageCatalogueTest, FormatMessageReplacesTheFirstOfEachMarkInTurn)
     // What argument 1 brings in is searched by argument 2's mark.
     EXPECT_EQ(catalogue.formatMessage(5, {QStringLiteral("%2!"), 4.5}), QStringLiteral("4.5!"));
     EXPECT_EQ(catalogue.formatMessage(5, {true}), QStringLiteral("True"));
-}
-
-TEST_F(MessageCatalogueTest, BrandWordsAreAppliedToEachLine)
-{
-    const QString branding = QStringLiteral("SOFTWARE\\Orvane\\Common\\Branding");
-    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, branding, QStringLiteral("Korvex Vigil"), REG_SZ,
-                         QStringLiteral("Acme Vision")),
-              0);
-    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, branding, QStringLiteral("Company"), REG_SZ,
-                         QStringLiteral("Acme Ltd")),
-              0);
-    MessageCatalogue& catalogue = load("Korvex Vigil from Company\n");
-    EXPECT_EQ(catalogue.getMessage(1), QStringLiteral("Acme Vision from Acme Ltd"));
 }
 
 TEST_F(MessageCatalogueTest, AMissingFileWarnsOnceAndLeavesEverythingBlank)

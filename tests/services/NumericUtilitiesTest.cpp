@@ -29,16 +29,6 @@ TEST(NumericUtilities, BytesToLongIsLittleEndian)
     EXPECT_EQ(BytesToLong(QByteArray()), 0);
 }
 
-TEST(NumericUtilities, StringAndBytes)
-{
-    const QString text = QStringLiteral("A\x01z") + QChar(0xE9) + QChar(0);
-    const QByteArray bytes = StringToBytes(text);
-    EXPECT_EQ(bytes, QByteArray("A\x01z\xE9\x00", 5));
-    EXPECT_EQ(BytesToString(bytes), text);
-    EXPECT_EQ(BytesToString(QByteArray()), QString());
-    EXPECT_TRUE(StringToBytes(QString()).isEmpty());
-}
-
 TEST(NumericUtilities, CombineDateTimeTakesDayFromFirstAndTimeFromSecond)
 {
     const QDateTime day(QDate(2024, 2, 29), QTime(23, 59, 58));
@@ -46,23 +36,4 @@ TEST(NumericUtilities, CombineDateTimeTakesDayFromFirstAndTimeFromSecond)
     const QDateTime combined = CombineDateTime(day, clock);
     EXPECT_EQ(combined.date(), QDate(2024, 2, 29));
     EXPECT_EQ(combined.time(), QTime(6, 7, 8));
-}
-
-TEST(NumericUtilities, ModesIconsAndOsVersion)
-{
-    EXPECT_EQ(NextMode(0), 1);
-    EXPECT_EQ(NextMode(1), 2);
-    EXPECT_EQ(NextMode(2), 3);
-    EXPECT_EQ(NextMode(3), 1);
-    EXPECT_EQ(NextMode(-1), 1);
-    EXPECT_EQ(NextMode(42), 1);
-
-    const std::array<qint32, 2> pair{7, 9};
-    EXPECT_EQ(IconIndex(pair, 0), 7);
-    EXPECT_EQ(IconIndex(pair, 3), 9);
-    EXPECT_EQ(IconIndex(pair, 1), 0);
-    EXPECT_EQ(IconIndex(pair, 2), 0);
-
-    EXPECT_EQ(GetOSVersion(true), 11);
-    EXPECT_EQ(GetOSVersion(false), 11);
 }

@@ -63,35 +63,6 @@ TEST_F(SettingsAccessTest, AValueOfAnotherTypeCountsAsMissing)
     EXPECT_EQ(value, QVariant(7));
 }
 
-TEST_F(SettingsAccessTest, TheTwoReadsReportAMissingValueDifferently)
-{
-    ASSERT_EQ(CreateKey(QStringLiteral("K"), HKEY_LOCAL_MACHINE), 0);
-    QVariant value = QStringLiteral("untouched");
-    EXPECT_EQ(ApiRegQueryValueExNull(HKEY_LOCAL_MACHINE, QStringLiteral("K"),
-                                     QStringLiteral("None"), value),
-              -1);
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("None"), value),
-              SettingsStore::FileNotFound);
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("NoKey"), QStringLiteral("x"), value),
-              SettingsStore::FileNotFound);
-    EXPECT_EQ(value, QVariant(QStringLiteral("untouched")));
-}
-
-TEST_F(SettingsAccessTest, AnEmptyStoredTextIsTheEmptyText)
-{
-    SettingsStore::Handle key = 0;
-    ASSERT_EQ(store().createKey(SettingsStore::MachineHive, QStringLiteral("K"), key), 0);
-    ASSERT_EQ(store().setValue(key, QStringLiteral("Nul"), REG_SZ, QByteArray(1, '\0')), 0);
-    ASSERT_EQ(store().setValue(key, QStringLiteral("Nothing"), REG_SZ, QByteArray()), 0);
-    QVariant value = QStringLiteral("x");
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("Nul"), value), 0);
-    EXPECT_EQ(value, QVariant(QString()));
-    value = QStringLiteral("x");
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("Nothing"), value),
-              0);
-    EXPECT_EQ(value, QVariant(QString()));
-}
-
 TEST_F(SettingsAccessTest, OlderReadLeavesTheCallersValueUnlessItWritesTheDefault)
 {
     QVariant value = 42;
@@ -160,21 +131,6 @@ TEST_F(SettingsAccessTest, EnumSubKeysListsBehindALeadingEmptyName)
                   0);
     EXPECT_TRUE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("printers")));
     EXPECT_EQ(names, (QStringList{QString(), "GP200001011200", "ID200001011200"}));
-}
-
-TEST_F(SettingsAccessTest, DeleteKeyTreeRemovesAWholeBranchInOneCall)
-{
-    for (const char* path :
-         {"\\Printers\\GP1\\ID1", "\\Printers\\GP1\\GP2\\ID2", "\\Printers\\ID3"})
-        ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, DefaultRootKey + QLatin1String(path),
-                             QStringLiteral("Name"), REG_SZ, QStringLiteral("n")),
-                  0);
-    EXPECT_EQ(DeleteKeyTree(HKEY_LOCAL_MACHINE, QStringLiteral("Printers"), QStringLiteral("GP1")),
-              0);
-    QStringList names;
-    ASSERT_TRUE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("Printers")));
-    EXPECT_EQ(names, (QStringList{QString(), "ID3"}));
-    EXPECT_NE(DeleteKeyTree(HKEY_LOCAL_MACHINE, QStringLiteral("Nowhere"), QStringLiteral("x")), 0);
 }
 
 TEST_F(SettingsAccessTest, WithoutAStoreReadsTakeDefaultsAndWritesFail)

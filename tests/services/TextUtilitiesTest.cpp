@@ -29,40 +29,6 @@ TEST(TextUtilities, ReplaceTokensIgnoresCaseAndDoesNotReplaceAgain)
     EXPECT_EQ(text, QStringLiteral("-"));
 }
 
-TEST(TextUtilities, PadLeftAddsPadOncePerMissingCharacter)
-{
-    EXPECT_EQ(PadLeft(QStringLiteral("7"), QStringLiteral("0"), 3), QStringLiteral("007"));
-    EXPECT_EQ(PadLeft(QStringLiteral("7"), QStringLiteral("ab"), 3), QStringLiteral("abab7"));
-    EXPECT_EQ(PadLeft(QStringLiteral("123"), QStringLiteral("0"), 3), QStringLiteral("123"));
-    EXPECT_EQ(PadLeft(QStringLiteral("12345"), QStringLiteral("0"), 3), QStringLiteral("12345"));
-    EXPECT_EQ(PadLeft(QString(), QStringLiteral(" "), 2), QStringLiteral("  "));
-}
-
-TEST(TextUtilities, MidRange)
-{
-    const QString text = QStringLiteral("abcdef");
-    EXPECT_EQ(MidRange(text, 2, 4, false), QStringLiteral("bc"));
-    EXPECT_EQ(MidRange(text, 2, 4, true), QStringLiteral("bcd"));
-    EXPECT_EQ(MidRange(text, 1, 1, true), QStringLiteral("a"));
-    EXPECT_EQ(MidRange(text, 3, 3, false), QString());
-}
-
-TEST(TextUtilities, TrimsWorkOnTheEndsOnly)
-{
-    const QChar nul(0);
-    EXPECT_EQ(TrimCrLf(QStringLiteral("\r\n\nab\r\ncd\n\r")), QStringLiteral("ab\r\ncd"));
-    EXPECT_EQ(TrimCrLf(QString(nul) + "ab"), QString(nul) + "ab");
-    EXPECT_EQ(TrimCrLf(QStringLiteral(" ab ")), QStringLiteral(" ab "));
-
-    EXPECT_EQ(TrimNul(QString(nul) + nul + "a" + nul + "b" + nul), QString("a") + nul + "b");
-    EXPECT_EQ(TrimNul(QStringLiteral("\nab")), QStringLiteral("\nab"));
-
-    // Layers of CR/LF and NUL need more than one round.
-    const QString layered = QString("\r\n") + nul + "\n" + nul + "ok" + nul + "\r" + nul;
-    EXPECT_EQ(TrimControl(layered), QStringLiteral("ok"));
-    EXPECT_EQ(TrimControl(QString(nul) + "\r\n" + nul), QString());
-}
-
 TEST(TextUtilities, FindFormatName)
 {
     EXPECT_EQ(FindFormatName(QStringLiteral("JOB=4\nFMT=Carton.lbx\nQTY=10\n")),
@@ -104,15 +70,4 @@ TEST(TextUtilities, ParseDottedQuad)
     parts.fill(-1);
     EXPECT_FALSE(ParseDottedQuad(QStringLiteral("10.20.30"), parts));
     EXPECT_EQ(parts, (std::array<qint32, 4>{10, 20, 30, -1}));
-}
-
-TEST(TextUtilities, IdPrefixes)
-{
-    EXPECT_TRUE(IsGroupId(QStringLiteral("GP0001")));
-    EXPECT_FALSE(IsGroupId(QStringLiteral("ID0001")));
-    EXPECT_FALSE(IsGroupId(QStringLiteral("XGP1")));
-    EXPECT_FALSE(IsGroupId(QString()));
-
-    EXPECT_TRUE(IsPrinterId(QStringLiteral("ID0001")));
-    EXPECT_FALSE(IsPrinterId(QStringLiteral("GP0001")));
 }

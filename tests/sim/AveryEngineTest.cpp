@@ -31,16 +31,6 @@ QList<QByteArray> send(AveryEngine& engine, const QByteArray& bytes, qint64 seco
     return engine.receive(bytes, kOn.addSecs(secondsOn));
 }
 
-QString refusal(const QString& query)
-{
-    QString error;
-    const std::optional<SimKnobs> knobs = SimKnobs::fromQuery(query, error);
-    EXPECT_TRUE(knobs) << error.toStdString();
-    EXPECT_FALSE(SimRegistry::create(QStringLiteral("avery"), *knobs, error))
-        << query.toStdString();
-    return error;
-}
-
 TEST(AveryStatusFrameTest, TheShortFrameHasItsFieldsZeroPaddedBetweenTheMarkers)
 {
     const auto idle = engineOf();
@@ -68,30 +58,6 @@ TEST(AveryStatusFrameTest, TheHModelsSendTheLongFrameWithTheVersionPaddedByBlank
     EXPECT_EQ(send(*lower, kStatus), QList<QByteArray>{"S0000A100M000000F032768KV1.23           "});
 }
 
-TEST(AveryStatusFrameTest, NumbersTooLargeForTheirFieldsAreSentAsTheLargestTheyHold)
-{
-    const auto shortFrame = engineOf("labels=1234567&free=100000");
-    const auto longFrame = engineOf("labels=1234567&free=100000&model=H");
-    ASSERT_TRUE(shortFrame && longFrame);
-    EXPECT_EQ(send(*shortFrame, kStatus), QList<QByteArray>{"S00A100M99999F99999K12"});
-    EXPECT_EQ(send(*longFrame, kStatus),
-              QList<QByteArray>{"S0000A100M999999F100000KV1.23           "});
-}
-
-TEST(AveryStatusFrameTest, BadMarkerAndNonDigitSpoilTheFrameAsAReaderMustNotice)
-{
-    const auto marker = engineOf("badmarker=true&labels=123");
-    ASSERT_TRUE(marker);
-    EXPECT_EQ(send(*marker, kStatus), QList<QByteArray>{"S00A100m00123F32768K12"});
-    const auto letters = engineOf("nondigit=true&labels=123");
-    ASSERT_TRUE(letters);
-    EXPECT_EQ(send(*letters, kStatus), QList<QByteArray>{"S00A100MAABCDF32768K12"});
-    const auto longLetters = engineOf("nondigit=true&labels=908&model=H");
-    ASSERT_TRUE(longLetters);
-    EXPECT_EQ(send(*longLetters, kStatus),
-              QList<QByteArray>{"S0000A100MAAAJAIF032768KV1.23           "});
-}
-
 TEST(AveryPrintingTest, StartStopAndClearAreUnansweredAndShowInTheNextStatus)
 {
     const auto engine = engineOf("labels=100");
@@ -113,21 +79,6 @@ TEST(AveryPrintingTest, StartStopAndClearAreUnansweredAndShowInTheNextStatus)
     EXPECT_EQ(send(*engine, kStatus, 60), QList<QByteArray>{"S00A101M00000F32768K12"});
 }
 
-TEST(AveryPrintingTest, APrinterPrintingFromTheStartCountsFromItsFirstBytesToZeroAndPrintsOn)
-{
-    const auto engine = engineOf("printing=true&labels=5");
-    ASSERT_TRUE(engine);
-    EXPECT_EQ(send(*engine, kStatus, 100), QList<QByteArray>{"S00A101M00005F32768K12"});
-    EXPECT_EQ(send(*engine, kStatus, 103), QList<QByteArray>{"S00A101M00002F32768K12"});
-    EXPECT_EQ(send(*engine, kStatus, 200), QList<QByteArray>{"S00A101M00000F32768K12"});
-    // A host clock set back doesn't print labels back.
-    EXPECT_EQ(send(*engine, kStatus, 0), QList<QByteArray>{"S00A101M00005F32768K12"});
-    // The format digit may be set apart from the printing state.
-    const auto odd = engineOf("printing=true&format=7");
-    ASSERT_TRUE(odd);
-    EXPECT_EQ(send(*odd, kStatus), QList<QByteArray>{"S00A107M00000F32768K12"});
-}
-
 TEST(AveryInputTest, CommandsSplitAnyWayOrRunTogetherAreEachTakenOnce)
 {
     const QByteArray commands = kStatus + kStart + kStatus + kStop + kStatus + kStatus;
@@ -143,55 +94,4 @@ TEST(AveryInputTest, CommandsSplitAnyWayOrRunTogetherAreEachTakenOnce)
     EXPECT_EQ(replies, expected);
 }
 
-TEST(AveryInputTest, NoiseOtherAddressesUnknownCodesAndBrokenCommandsAreDropped)
-{
-    const auto engine = engineOf();
-    ASSERT_TRUE(engine);
-    const QList<QByteArray> one{"S00A100M00000F32768K12"};
-    EXPECT_EQ(send(*engine, "#!A2#!X0#!P2#!A11#!X0#!P11#!A1#!X0#!P2#!A1#!ZZ#!P1"), kNothing);
-    EXPECT_EQ(send(*engine, "noise#!A1#!X0#!P" + kStatus + "#!"), one);
-    // The "#!" left over was the beginning of nothing.
-    EXPECT_EQ(send(*engine, "A1#!X" + kStatus), one);
-    // An unknown code doesn't hide what follows.
-    EXPECT_EQ(send(*engine, "#!A1#!ZZ#!P1" + kStatus), one);
-}
-
-TEST(AveryInputTest, TheReaderHoldsNoMoreThanOneUnfinishedCommand)
-{
-    AveryCommandReader reader;
-    EXPECT_TRUE(reader.read(QByteArray("#!A1#!").repeated(200'000)).isEmpty());
-    EXPECT_LT(reader.buffered(), kStatus.size());
-    EXPECT_TRUE(reader.read(QByteArray(1 << 20, '#')).isEmpty());
-    EXPECT_EQ(reader.buffered(), 1);
-    EXPECT_EQ(reader.read("!A1#!SP#!P1"), QList<AveryCommand>{AveryCommand::Stop});
-    EXPECT_EQ(reader.buffered(), 0);
-}
-
-TEST(AveryKnobsTest, BadKnobsAreRefusedByName)
-{
-    const QList<std::pair<QString, QString>> cases{
-        {"model=HH", "model"},          {"model=1", "model"},
-        {"code=123", "code"},           {"code=", "code"},
-        {"model=H&code=12345", "code"}, {"version=123", "version"},
-        {"version=", "version"},        {"model=H&version=12345678901234567", "version"},
-        {"format=10", "format"},        {"labels=-1", "labels"},
-        {"free=1000000000", "free"},    {"flag=maybe", "flag"},
-        {"printing=2", "printing"},     {"badmarker=x", "badmarker"},
-        {"nondigit=x", "nondigit"},     {"code=a%0Db", "code"},
-    };
-    for (const auto& [query, name] : cases)
-        EXPECT_TRUE(refusal(query).contains('"' + name + '"')) << query.toStdString();
-}
-
-TEST(AveryKnobsTest, EveryKnobIsReadAndNoneOfTheWire)
-{
-    QString error;
-    const std::optional<SimKnobs> knobs =
-        SimKnobs::fromQuery("model=H&code=1234&flag=1&format=2&labels=3&free=4&version=5&"
-                            "printing=0&badmarker=0&nondigit=0&fragment=3&garbage=2&alarms=1",
-                            error);
-    ASSERT_TRUE(knobs);
-    EXPECT_TRUE(SimRegistry::create(QStringLiteral("avery"), *knobs, error)) << error.toStdString();
-    EXPECT_EQ(knobs->unreadNames(), QStringList({"alarms", "fragment", "garbage"}));
-}
 } // namespace

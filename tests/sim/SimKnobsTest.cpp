@@ -17,15 +17,6 @@ QJsonObject objectOf(const char* json)
     return QJsonDocument::fromJson(json).object();
 }
 
-TEST(SimKnobsFromQueryTest, NamesAndValuesArePercentDecoded)
-{
-    const SimKnobs knobs = knobsOf(QStringLiteral("delay=20&name=Line%201&mark=%26%3D%25&bare"));
-    const QMap<QString, QString> expected{
-        {"delay", "20"}, {"name", "Line 1"}, {"mark", "&=%"}, {"bare", ""}};
-    EXPECT_EQ(knobs.values(), expected);
-    EXPECT_TRUE(knobsOf(QString()).values().isEmpty());
-}
-
 TEST(SimKnobsFromQueryTest, AKnobGivenTwiceOrWithoutANameIsRefused)
 {
     QString error;
@@ -71,28 +62,6 @@ TEST(SimKnobsFromJsonTest, NumbersBooleansAndTextsAreKeptAsText)
     EXPECT_TRUE(error.contains(QStringLiteral("\"ratio\""))) << error.toStdString();
 }
 
-TEST(SimKnobsFromJsonTest, NestedAndNullValuesAreRefusedByName)
-{
-    for (const char* json :
-         {R"({"delay": 1, "bad": [1]})", R"({"bad": {"a": 1}})", R"({"bad": null})"}) {
-        QString error;
-        EXPECT_FALSE(SimKnobs::fromJson(objectOf(json), error)) << json;
-        EXPECT_TRUE(error.contains(QStringLiteral("\"bad\""))) << error.toStdString();
-    }
-}
-
-TEST(SimKnobsNumberTest, TheBoundsAreInclusiveAndSpacesAroundDontMatter)
-{
-    const SimKnobs knobs = knobsOf(QStringLiteral("low=-5&high=10&padded=%207%20&plus=%2B3"));
-    QString error;
-    EXPECT_EQ(knobs.number(QStringLiteral("low"), 0, -5, 10, error), -5);
-    EXPECT_EQ(knobs.number(QStringLiteral("high"), 0, -5, 10, error), 10);
-    EXPECT_EQ(knobs.number(QStringLiteral("padded"), 0, 0, 10, error), 7);
-    EXPECT_EQ(knobs.number(QStringLiteral("plus"), 0, 0, 10, error), 3);
-    EXPECT_EQ(knobs.number(QStringLiteral("absent"), 42, 0, 10, error), 42);
-    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
-}
-
 TEST(SimKnobsNumberTest, AValueOutOfBoundsOrNotWholeIsRefusedAndTheDefaultKept)
 {
     const SimKnobs knobs =
@@ -105,20 +74,6 @@ TEST(SimKnobsNumberTest, AValueOutOfBoundsOrNotWholeIsRefusedAndTheDefaultKept)
                     error.contains(QStringLiteral("-5")) && error.contains(QStringLiteral("10")) &&
                     error.contains(QStringLiteral("\"%1\"").arg(knobs.values().value(name))))
             << error.toStdString();
-    }
-}
-
-TEST(SimKnobsFlagTest, EverySpellingOfTrueAndFalseInAnyCase)
-{
-    const QStringList truths{"1", "true", "yes", "on", "TRUE", "Yes", "%20on"};
-    const QStringList falsehoods{"0", "false", "no", "off", "False", "NO", "Off"};
-    for (const QString& spelling : truths + falsehoods) {
-        const SimKnobs knobs = knobsOf(QStringLiteral("f=") + spelling);
-        QString error;
-        const bool expected = truths.contains(spelling);
-        EXPECT_EQ(knobs.flag(QStringLiteral("f"), !expected, error), expected)
-            << spelling.toStdString();
-        EXPECT_TRUE(error.isEmpty()) << error.toStdString();
     }
 }
 
@@ -135,21 +90,4 @@ TEST(SimKnobsFlagTest, AnythingElseIsRefusedAndTheDefaultKept)
     EXPECT_TRUE(error.isEmpty());
 }
 
-TEST(SimKnobsUnreadTest, OnlyTheNamesNoReaderAskedForAreLeftInOrder)
-{
-    const SimKnobs knobs = knobsOf(QStringLiteral("zeta=1&alpha=x&delay=5&silent=on&note=hi"));
-    EXPECT_EQ(knobs.unreadNames(), QStringList({"alpha", "delay", "note", "silent", "zeta"}));
-
-    QString error;
-    knobs.number(QStringLiteral("delay"), 0, 0, 10, error);
-    knobs.flag(QStringLiteral("silent"), false, error);
-    EXPECT_TRUE(knobs.has(QStringLiteral("note")));
-    // A knob read with a value it can't take is wrong, but no longer unknown.
-    knobs.number(QStringLiteral("alpha"), 0, 0, 10, error);
-    // Asking for a knob that isn't there leaves nothing behind.
-    EXPECT_EQ(knobs.text(QStringLiteral("absent"), QStringLiteral("fallback")),
-              QStringLiteral("fallback"));
-    EXPECT_FALSE(knobs.has(QStringLiteral("missing")));
-    EXPECT_EQ(knobs.unreadNames(), QStringList({"zeta"}));
-}
 } // namespace
