@@ -6,6 +6,7 @@
 #include "drivers/Queue.h"
 #include "drivers/Queues.h"
 #include "printing/clsLBXHandler.h"
+#include "services/MessageCatalogue.h"
 #include "services/TextUtilities.h"
 #include "services/VigilError.h"
 
@@ -80,4 +81,10 @@ void QueuedPrinterHandler::setBusyOfNode(clsComponent* node, bool busy)
         return;
     node->m_bBusy = busy;
     emit StatusChanged();
+}
+
+QString QueuedPrinterHandler::timeoutText(const QString& stage, const QDateTime& sent)
+{
+    constexpr qint32 MsgTimedOut = 9;
+    return FormatMessage(MsgTimedOut, {stage, sent.toString(QStringLiteral("HH:mm:ss"))});
 }

@@ -5,6 +5,7 @@
 
 class clsComponent;
 
+#include <QDateTime>
 #include <QPointer>
 
 // What every handler of a printer behind a print queue shares: the queue found by the
@@ -25,6 +26,9 @@ public:
     void Delete() override;
 
 protected:
+    // The text of a reply lost at that stage (empty for a printer without stages), sent at
+    // that time.
+    static QString timeoutText(const QString& stage, const QDateTime& sent);
     // The coders keep their busy flag in their node, so that it outlives the handler.
     bool busyOfNode(const clsComponent* node) const;
     // Raises StatusChanged when the flag changes.

@@ -7,7 +7,6 @@
 #include "services/MessageCatalogue.h"
 
 namespace {
-constexpr qint32 MsgTimedOut = 9;
 const char* const StatusRequest = "#!X0#!P";
 const char* const Start = "#!SR#!P";
 const char* const Stop = "#!SP#!P";
@@ -241,6 +240,5 @@ QString clsAveryHandler::TimeoutMessage() const
 {
     if (!m_bTimedOut)
         return {};
-    return FormatMessage(MsgTimedOut,
-                         {QString(), m_dtTimedOutSend.toString(QStringLiteral("HH:mm:ss"))});
+    return timeoutText(QString(), m_dtTimedOutSend);
 }

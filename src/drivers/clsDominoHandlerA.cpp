@@ -13,7 +13,6 @@
 namespace {
 const QString Context = QStringLiteral("clsDominoHandlerA - ");
 
-constexpr qint32 MsgTimedOut = 9;
 constexpr qint32 MsgRequestFailed = 255;
 // The failures of reply types 4, 5 and 6, in that order.
 constexpr qint32 MsgFirstFailure = 256;
@@ -383,8 +382,7 @@ QString clsDominoHandlerA::TimeoutMessage() const
 {
     if (!m_bTimedOut)
         return {};
-    return FormatMessage(MsgTimedOut, {QString::number(m_nTimedOutStage),
-                                       m_dtTimedOutSend.toString(QStringLiteral("HH:mm:ss"))});
+    return timeoutText(QString::number(m_nTimedOutStage), m_dtTimedOutSend);
 }
 
 void clsDominoHandlerA::InvokeCommandTesting()

@@ -17,7 +17,6 @@ const QString CheckErrorLogSetting = QStringLiteral("GetErrorLog");
 // No printer sends this: as the only error string it lets any byte through.
 const QByteArray NoErrorString = QByteArrayLiteral("nevergetthis");
 
-constexpr qint32 MsgTimedOut = 9;
 constexpr qint32 MsgCommsDetail = 115;
 constexpr qint32 MsgInkAlert = 169;
 constexpr qint32 MsgNak = 171;
@@ -370,8 +369,7 @@ QString clsDominoHandlerC::TimeoutMessage() const
 {
     if (!m_bTimedOut)
         return {};
-    return FormatMessage(MsgTimedOut, {QString::number(m_nTimedOutStage),
-                                       m_dtTimedOutSend.toString(QStringLiteral("HH:mm:ss"))});
+    return timeoutText(QString::number(m_nTimedOutStage), m_dtTimedOutSend);
 }
 
 qint32 clsDominoHandlerC::GetErrorState()
