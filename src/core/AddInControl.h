@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DragData.h"
 #include "core/ITreeView.h"
 #include "core/ImageList.h"
 #include "core/PollScheduler.h"
@@ -128,6 +129,13 @@ public:
     void mnuGroupItem_Click(int nIndex);
     void mnuTreeDisable_Click();
     void mnuTreePrinterProperties_Click();
+    // Drag and drop on the tree: a node's drag starts from where the button went down, and
+    // a printer dropped on a group moves there. Points are in twips.
+    void treePrinters_OLEStartDrag(DragData& oData);
+    void treePrinters_OLEDragOver(const DragData& oData, int& nEffect, float fX, float fY,
+                                  int nState);
+    void treePrinters_OLEDragDrop(const DragData& oData, float fX, float fY);
+    void treePrinters_OLECompleteDrag();
     // The key of the item under the last right click.
     const QString& clickedNode() const { return m_oClickedNode; }
 
@@ -174,6 +182,7 @@ private:
     void DisplayComponent(clsComponent& oNode);
     void DisplayComponents(clsComponents& oGroup);
     void ClearCurrentControl();
+    void ReParentItem(const QString& sID, const QString& sNewParentID);
 
     bool EnablePrinter(qint32 action, bool bUseMouse, bool bSave);
     void AddPrinter();
@@ -197,6 +206,11 @@ private:
     float m_fMouseX = 0;
     float m_fMouseY = 0;
     QString m_oClickedNode;
+    std::weak_ptr<TreeNode> m_oDragComponent;
+
+    // The last id's date-time part and the number behind it (0 for none), for the next id.
+    QString m_sLastIdBase;
+    qint32 m_lLastIdNumber = 0;
 
     int m_nSaveBatches = 0;
     bool m_bSavePending = false;

@@ -35,6 +35,8 @@ public:
     // Opens the in-place editor on the item's label; the edit ends in the control's
     // treePrinters_BeforeLabelEdit and treePrinters_AfterLabelEdit.
     virtual void startLabelEdit(const QString& key) = 0;
+    // Marks the item a drag stands over; an empty key clears the mark.
+    virtual void setDropHighlight(const QString& key) = 0;
     virtual void setVisible(bool visible) = 0;
     // Draws again what has changed.
     virtual void refresh() = 0;

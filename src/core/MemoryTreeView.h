@@ -36,6 +36,7 @@ public:
     void expandItem(const QString& key) override;
     QString hitTest(float, float) const override { return {}; }
     void startLabelEdit(const QString&) override {}
+    void setDropHighlight(const QString& key) override { m_dropHighlight = key; }
     void setVisible(bool visible) override { m_bVisible = visible; }
     void refresh() override {}
     void resetMousePointer() override {}
@@ -45,6 +46,7 @@ public:
     QStringList children(const QString& parentKey) const;
     bool isExpanded(const QString& key) const { return m_expanded.contains(key); }
     bool isVisible() const { return m_bVisible; }
+    const QString& dropHighlight() const { return m_dropHighlight; }
 
 private:
     void appendKeys(const QStringList& siblings, QStringList& keys) const;
@@ -53,5 +55,6 @@ private:
     QStringList m_topLevel;
     QSet<QString> m_expanded;
     QString m_selected;
+    QString m_dropHighlight;
     bool m_bVisible = true;
 };

@@ -235,3 +235,54 @@ TEST_F(TreeViewBehaviourTest, F5RecoloursPrintersFromWhatTheyAlreadyKnow)
 }
 
 } // namespace
+
+TEST_F(TreeViewBehaviourTest, PrintersMoveBetweenGroupsByDrag)
+{
+    start({"Filler", "Capper"});
+    const QString filler = idOf("Filler");
+    const QString capper = idOf("Capper");
+    auto line2 = group("GPLine2", "Line 2", *g_oComponents);
+    m_view.addItem("GPRoot", "GPLine2", "Line 2", 0);
+    m_view.placeItemAt(10, 10, filler);
+    m_view.placeItemAt(10, 20, capper);
+    m_view.placeItemAt(10, 30, "GPLine2");
+    ComponentHandler* handler = g_oComponents->FindPrinter("Filler")->GetComponent();
+
+    // The drag starts from where the button went down.
+    DragData data;
+    m_control->treePrinters_MouseDown(1, 0, 10, 10);
+    m_control->treePrinters_OLEStartDrag(data);
+    ASSERT_EQ(data.text, "MSComponent " + filler);
+
+    int effect = -1;
+    m_control->treePrinters_OLEDragOver(data, effect, 10, 30, DragEnter);
+    EXPECT_EQ(effect, DropEffectMove);
+    EXPECT_EQ(m_view.dropHighlight(), "GPLine2");
+
+    // Onto a printer: shown as a move, and nothing moves.
+    m_control->treePrinters_OLEDragDrop(data, 10, 20);
+    EXPECT_EQ(m_view.parentKey(filler), "GPRoot");
+
+    m_control->treePrinters_OLEDragDrop(data, 10, 30);
+    m_control->treePrinters_OLECompleteDrag();
+    EXPECT_EQ(m_view.parentKey(filler), "GPLine2");
+    EXPECT_EQ(g_oComponents->FindParent(filler), line2.get());
+    EXPECT_EQ(g_oComponents->FindPrinter("Filler")->GetComponent(), handler); // same handler
+    EXPECT_TRUE(m_view.dropHighlight().isEmpty());
+    EXPECT_TRUE(storedChildren("Printers\\GPLine2").contains(filler)); // saved
+
+    // A group drags, but nothing takes it; a foreign text neither.
+    DragData groupDrag{QStringLiteral("MSComponent GPLine2")};
+    effect = -1;
+    m_control->treePrinters_OLEDragOver(groupDrag, effect, 10, 30, DragOver);
+    EXPECT_EQ(effect, DropEffectNone);
+    DragData foreign{QStringLiteral("hello")};
+    m_control->treePrinters_OLEDragOver(foreign, effect, 10, 30, DragOver);
+    EXPECT_EQ(effect, DropEffectNone);
+    m_control->treePrinters_OLEDragOver(foreign, effect, 10, 30, DragLeave);
+    EXPECT_TRUE(m_view.dropHighlight().isEmpty());
+    // Even dropped by force, a group never goes inside itself.
+    m_control->treePrinters_OLEDragDrop(groupDrag, 10, 30);
+    EXPECT_EQ(m_view.parentKey("GPLine2"), "GPRoot");
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
