@@ -193,7 +193,9 @@ QString AddInControl::CreateUniqueID(bool bGroup)
         // Many ids made within one second, as at a start with many new queues, go on from
         // the last number given instead of trying every number from the bare base again.
         qint32 number = base == m_sLastIdBase ? m_lLastIdNumber : 0;
-        const auto idOf = [&base](qint32 n) { return n == 0 ? base : base + QString::number(n); };
+        const auto idOf = [&base](qint32 n) {
+            return n == 0 ? base : base + QString::number(n);
+        };
         for (id = idOf(number); g_oComponents && g_oComponents->Find(id);)
             id = idOf(++number);
         m_sLastIdBase = base;

@@ -2,6 +2,7 @@
 
 #include <QtMath>
 #include <algorithm>
+#include <limits>
 
 namespace {
 float atLeastZero(float value)
@@ -16,6 +17,11 @@ WorkspaceLayout::WorkspaceLayout(const Design& design, float treeWidth)
     m_tree.width = treeWidth;
     m_splitter.left = treeWidth;
     m_splitter.width = design.splitterWidth;
+}
+
+qint16 WorkspaceLayout::toShortTwips(float twips)
+{
+    return qint16(std::clamp<qint64>(qRound64(twips), 0, std::numeric_limits<qint16>::max()));
 }
 
 void WorkspaceLayout::UserControl_Resize(float width, float height)
@@ -78,8 +84,8 @@ bool WorkspaceLayout::needsScroll(float frameExtent, float pageExtent, float fra
 
 void WorkspaceLayout::frameCustomControlParent_Resize(const Rect* page, bool fileViewShowing)
 {
-    const float width = float(qint16(qRound(m_pageParent.width)));
-    const float height = float(qint16(qRound(m_pageParent.height)));
+    const float width = float(toShortTwips(m_pageParent.width));
+    const float height = float(toShortTwips(m_pageParent.height));
     m_frame = {0, 0, atLeastZero(width), atLeastZero(height)};
     qint32 ignoredStep = 1;
     if (!fileViewShowing) {

@@ -41,6 +41,10 @@ public:
 
     explicit WorkspaceLayout(const Design& design, float treeWidth);
 
+    // A size as a page takes it: whole twips in 16 bits. A pane wider than that, on a large
+    // screen, counts as the widest a page can be told of rather than wrapping round.
+    static qint16 toShortTwips(float twips);
+
     // The control's inner size changed: tree, splitter and page pane follow.
     void UserControl_Resize(float width, float height);
     // The tree pane takes that edge, within both panes' smallest widths.

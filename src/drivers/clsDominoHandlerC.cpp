@@ -13,7 +13,6 @@
 
 namespace {
 const QString Context = QStringLiteral("clsDominoHandlerC - ");
-const QString CheckErrorLogSetting = QStringLiteral("GetErrorLog");
 // No printer sends this: as the only error string it lets any byte through.
 const QByteArray NoErrorString = QByteArrayLiteral("nevergetthis");
 

@@ -19,6 +19,9 @@ class clsDominoHandlerC : public QueuedPrinterHandler
     Q_OBJECT
 
 public:
+    // The node's stored setting that has the error log read at each round.
+    inline static const QString CheckErrorLogSetting = QStringLiteral("GetErrorLog");
+
     enum Stage : qint32 {
         StageStatus = 0,
         StageSetup = 1,

@@ -10,7 +10,6 @@
 namespace {
 const QString PollIntervalValue = QStringLiteral("PollInterval");
 const QString TreeIconSizeValue = QStringLiteral("TreeIconSize");
-const QString InkLowLimitValue = QStringLiteral("PrintsRemainingInkLowLimit");
 
 const QString BrandingSection = QStringLiteral("Branding");
 const QString BrandingRoots[] = {QStringLiteral("SOFTWARE\\Orvane\\Common"),

@@ -37,6 +37,8 @@ private:
 };
 
 inline const QString OptionsKey = QStringLiteral("Software\\Orvane\\Vigil\\Options\\");
+// Read, never written by the program: an administrator sets it.
+inline const QString InkLowLimitValue = QStringLiteral("PrintsRemainingInkLowLimit");
 
 // The options of this process.
 void LoadOptions();

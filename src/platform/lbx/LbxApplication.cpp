@@ -42,6 +42,6 @@ QString LbxApplication::DefaultQueueName() const
 
 bool LbxApplication::IsAdministrator() const
 {
-    return UserRights::isAdministrator(setting(QStringLiteral("Administrators")),
-                                       UserRights::userName(), UserRights::groupNames());
+    return UserRights::isAdministrator(setting(AdministratorsValue), UserRights::userName(),
+                                       UserRights::groupNames());
 }

@@ -15,6 +15,8 @@ class LbxApplication : public Application
 public:
     inline static const QString SettingsKey =
         QStringLiteral("Software\\Orvane\\LabelApplication\\Settings");
+    // Who may change the tree: names and @groups; empty lets everyone.
+    inline static const QString AdministratorsValue = QStringLiteral("Administrators");
 
     LbxApplication();
     ~LbxApplication() override;
