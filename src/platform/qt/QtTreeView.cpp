@@ -1,5 +1,9 @@
 #include "platform/qt/QtTreeView.h"
 
+#include "core/ImageList.h"
+
+#include <QSignalBlocker>
+
 namespace {
 constexpr int KeyRole = Qt::UserRole;
 constexpr quint32 SystemColourBit = 0x80000000;
@@ -15,10 +19,19 @@ void appendKeys(const QTreeWidgetItem* item, QStringList& keys)
 QtTreeView::QtTreeView(QWidget* parent)
     : m_tree(parent)
 {
-    m_tree.setHeaderHidden(true);
-    m_tree.setColumnCount(1);
-    // Only the control starts an edit, after asking whether the item may be renamed.
-    m_tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // Every edit asks the control first, which refuses printers: their names are their queues'.
+    m_tree.setEditTriggers(QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
+}
+
+QIcon QtTreeView::iconOf(qint32 image)
+{
+    const ImageList::Picture* picture = m_images ? m_images->picture(image) : nullptr;
+    if (!picture)
+        return {};
+    auto cached = m_icons.constFind(picture->path);
+    if (cached == m_icons.constEnd())
+        cached = m_icons.insert(picture->path, QIcon(picture->path));
+    return *cached;
 }
 
 QString QtTreeView::keyOf(const QTreeWidgetItem* item)
@@ -50,8 +63,8 @@ void QtTreeView::clear()
     m_items.clear();
 }
 
-// The picture of an item waits for the image lists of the window; until then items show text.
-bool QtTreeView::addItem(const QString& parentKey, const QString& key, const QString& text, qint32)
+bool QtTreeView::addItem(const QString& parentKey, const QString& key, const QString& text,
+                         qint32 image)
 {
     if (key.isEmpty() || m_items.contains(key))
         return false;
@@ -61,6 +74,9 @@ bool QtTreeView::addItem(const QString& parentKey, const QString& key, const QSt
     auto* added = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(&m_tree);
     added->setText(0, text);
     added->setData(0, KeyRole, key);
+    added->setIcon(0, iconOf(image));
+    added->setFlags(added->flags() | Qt::ItemIsEditable | Qt::ItemIsDragEnabled |
+                    Qt::ItemIsDropEnabled);
     m_items.insert(key, added);
     return true;
 }
@@ -123,6 +139,8 @@ QString QtTreeView::selectedKey() const
 
 void QtTreeView::selectItem(const QString& key)
 {
+    // The control shows the page itself when it selects; the widget's click is for the user's.
+    const QSignalBlocker quiet(m_tree);
     if (QTreeWidgetItem* found = m_items.value(key))
         m_tree.setCurrentItem(found);
 }
@@ -141,9 +159,22 @@ QString QtTreeView::hitTest(float x, float y) const
 
 void QtTreeView::startLabelEdit(const QString& key)
 {
-    if (QTreeWidgetItem* found = m_items.value(key)) {
-        found->setFlags(found->flags() | Qt::ItemIsEditable);
+    if (QTreeWidgetItem* found = m_items.value(key))
         m_tree.editItem(found, 0);
+}
+
+void QtTreeView::setDropHighlight(const QString& key)
+{
+    if (key == m_dropHighlight)
+        return;
+    if (QTreeWidgetItem* previous = m_items.value(m_dropHighlight))
+        previous->setData(0, Qt::FontRole, QVariant());
+    m_dropHighlight = key;
+    if (QTreeWidgetItem* found = m_items.value(key)) {
+        QFont bold = m_tree.font();
+        bold.setBold(true);
+        bold.setUnderline(true);
+        found->setData(0, Qt::FontRole, bold);
     }
 }
 

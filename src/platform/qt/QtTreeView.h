@@ -1,9 +1,12 @@
 #pragma once
 
 #include "core/ITreeView.h"
+#include "platform/qt/TreeWidget.h"
 
 #include <QHash>
-#include <QTreeWidget>
+#include <QIcon>
+
+class ImageList;
 
 // The tree of groups and printers on screen: a QTreeWidget whose items are known by key.
 // Points are in twips at its edge, as the control counts them; colours are the palette's
@@ -11,11 +14,13 @@
 class QtTreeView : public ITreeView
 {
 public:
-    static constexpr int TwipsPerPixel = 15;
+    static constexpr int TwipsPerPixel = TreeWidget::TwipsPerPixel;
 
     explicit QtTreeView(QWidget* parent = nullptr);
 
-    QTreeWidget& widget() { return m_tree; }
+    TreeWidget& widget() { return m_tree; }
+    // The pictures that items name by index; none until the control has its lists.
+    void setImageList(const ImageList* images) { m_images = images; }
 
     void clear() override;
     bool addItem(const QString& parentKey, const QString& key, const QString& text,
@@ -32,6 +37,7 @@ public:
     void expandItem(const QString& key) override;
     QString hitTest(float x, float y) const override;
     void startLabelEdit(const QString& key) override;
+    void setDropHighlight(const QString& key) override;
     void setVisible(bool visible) override;
     void refresh() override;
     void resetMousePointer() override;
@@ -44,7 +50,12 @@ public:
 
 private:
     void forget(QTreeWidgetItem* item);
+    QIcon iconOf(qint32 image);
 
-    QTreeWidget m_tree;
+    TreeWidget m_tree;
     QHash<QString, QTreeWidgetItem*> m_items;
+    const ImageList* m_images = nullptr;
+    // One icon a picture file, however many items show it.
+    QHash<QString, QIcon> m_icons;
+    QString m_dropHighlight;
 };
