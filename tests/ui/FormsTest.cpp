@@ -1,0 +1,348 @@
+#include "core/ImageList.h"
+#include "platform/qt/ControlHelpers.h"
+#include "platform/qt/FormPosition.h"
+#include "platform/qt/HelpWindow.h"
+#include "platform/qt/QtForms.h"
+#include "platform/qt/frmOptions.h"
+#include "printing/ui/frmDownloads.h"
+#include "services/ApplicationOptions.h"
+#include "services/SettingsAccess.h"
+#include "services/VigilError.h"
+#include "support/ServicesFixture.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QMap>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QSpinBox>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTreeWidget>
+
+namespace {
+const QString Root = QStringLiteral("Software\\Orvane\\Vigil\\");
+const QString FormsKey = Root + QStringLiteral("Forms\\");
+
+class FormsTest : public ServicesFixture
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        static int argc = 1;
+        static char name[] = "ui_tests";
+        static char* argv[] = {name, nullptr};
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (!QApplication::instance())
+            new QApplication(argc, argv);
+    }
+
+    void SetUp() override
+    {
+        ServicesFixture::SetUp();
+        const QMap<int, QByteArray> texts{{30, "Between %1 and %2"}, {398, "Downloading"},
+                                          {399, "Complete"},         {400, "Printing"},
+                                          {401, "Waiting"},          {438, "Print Progress"}};
+        QByteArrayList lines;
+        for (int id = 1; id <= 444; ++id)
+            lines.append(texts.value(id, "m" + QByteArray::number(id)));
+        writeMessageFile(QStringLiteral("en"), lines.join('\n') + '\n');
+    }
+
+    static QVariant stored(const QString& key, const QString& name)
+    {
+        QVariant value;
+        return ReadValue(HKEY_LOCAL_MACHINE, key, name, value) == 0 ? value : QVariant();
+    }
+
+    static QRect screen(const QWidget& form) { return form.screen()->availableGeometry(); }
+};
+
+class OptionsDialogTest : public FormsTest
+{
+protected:
+    void SetUp() override
+    {
+        FormsTest::SetUp();
+        if (HasFatalFailure())
+            return;
+        m_form = std::make_unique<frmOptions>();
+        m_field = m_form->findChild<QLineEdit*>(QStringLiteral("txtInterval"));
+        m_upDown = m_form->findChild<QSpinBox*>(QStringLiteral("spnInterval"));
+        m_ok = m_form->findChild<QPushButton*>(QStringLiteral("cmdOK"));
+        ASSERT_TRUE(m_field && m_upDown && m_ok);
+        m_form->show();
+    }
+
+    QString afterKey(const QString& text, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        m_field->setText(text);
+        QTest::keyClick(m_field, key, modifiers);
+        return m_field->text();
+    }
+
+    std::unique_ptr<frmOptions> m_form;
+    QLineEdit* m_field = nullptr;
+    QSpinBox* m_upDown = nullptr;
+    QPushButton* m_ok = nullptr;
+};
+
+TEST_F(OptionsDialogTest, KeysStepByOneOrTenAndWrapWhileTheUpDownFollowsTheField)
+{
+    EXPECT_EQ(m_field->text(), QStringLiteral("20"));
+
+    EXPECT_EQ(afterKey("65000", Qt::Key_Up), QStringLiteral("4"));
+    EXPECT_EQ(afterKey("4", Qt::Key_Down), QStringLiteral("65000"));
+    EXPECT_EQ(afterKey("64995", Qt::Key_Up, Qt::ShiftModifier), QStringLiteral("4"));
+    EXPECT_EQ(afterKey("8", Qt::Key_Down, Qt::ShiftModifier), QStringLiteral("65000"));
+    EXPECT_EQ(afterKey("20", Qt::Key_Up, Qt::ControlModifier), QStringLiteral("30"));
+    EXPECT_EQ(afterKey("30", Qt::Key_Down, Qt::AltModifier), QStringLiteral("20"));
+    EXPECT_EQ(afterKey("4.5", Qt::Key_Up), QStringLiteral("5.5"));
+    EXPECT_EQ(afterKey("abc", Qt::Key_Up), QStringLiteral("abc"));
+
+    m_field->setText(QStringLiteral("120"));
+    EXPECT_EQ(m_upDown->value(), 120);
+    m_field->setText(QStringLiteral("3")); // out of range: the arrows stay where they were
+    EXPECT_EQ(m_upDown->value(), 120);
+    m_upDown->stepUp();
+    EXPECT_EQ(m_field->text(), QStringLiteral("121"));
+}
+
+TEST_F(OptionsDialogTest, AnIntervalInMillisecondsShowsAsSecondsWithItsFraction)
+{
+    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, "PollInterval", REG_DWORD, 4500), 0);
+    ApplicationOptions::process() = ApplicationOptions();
+    frmOptions form;
+    EXPECT_EQ(form.findChild<QLineEdit*>("txtInterval")->text(), QStringLiteral("4.5"));
+    EXPECT_EQ(form.findChild<QSpinBox*>("spnInterval")->value(), 4);
+}
+
+TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRange)
+{
+    for (const char* text : {"3", "65001", "abc", "", "99999999999"}) {
+        SCOPED_TRACE(text);
+        m_dialogs->clear();
+        m_field->setText(QString::fromLatin1(text));
+        m_ok->setFocus();
+        m_ok->click();
+
+        ASSERT_EQ(m_dialogs->boxes().size(), 1);
+        const IDialogs::Box& box = m_dialogs->boxes().first();
+        EXPECT_EQ(box.text, QStringLiteral("Between 4 and 65000"));
+        EXPECT_TRUE(box.title.isEmpty());
+        EXPECT_EQ(box.icon, IDialogs::Icon::None);
+        EXPECT_EQ(box.buttons, IDialogs::Buttons::Ok);
+        EXPECT_TRUE(m_form->isVisible());
+        EXPECT_EQ(m_form->focusWidget(), m_field);
+    }
+    EXPECT_EQ(GetPollInterval(), 20000);
+    EXPECT_FALSE(stored(OptionsKey, "PollInterval").isValid());
+}
+
+TEST_F(OptionsDialogTest, OkSavesTheRoundedIntervalAndCloses)
+{
+    m_field->setText(QStringLiteral("3.6"));
+    m_ok->click();
+
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+    EXPECT_EQ(m_form->result(), QDialog::Accepted);
+    EXPECT_FALSE(m_form->isVisible());
+    EXPECT_EQ(stored(OptionsKey, "PollInterval"), QVariant(4000));
+    EXPECT_EQ(GetPollInterval(), 4000);
+}
+
+TEST_F(FormsTest, TheOptionsOpenModalAndGoWhenClosed)
+{
+    QtForms().ShowOptions();
+    auto* form = qobject_cast<frmOptions*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(form);
+    EXPECT_TRUE(form->isVisible());
+    QPointer<frmOptions> watched(form);
+    form->reject();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(watched.isNull());
+}
+
+TEST_F(FormsTest, HelpShowsTheFileInOneWindowAndNamesAMissingFile)
+{
+    const QString path = programFolder() + QStringLiteral("/Vigil.html");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<html><head><title>Vigil help</title></head><body>Polling the line</body></html>");
+    file.close();
+
+    HelpWindow* window = HelpWindow::showFile(path);
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(window->browser().toPlainText().contains(QStringLiteral("Polling the line")));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Vigil help"));
+    EXPECT_EQ(HelpWindow::showFile(path), window);
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+
+    const QString missing = programFolder() + QStringLiteral("/MSGde/Vigil.html");
+    QtForms().ShowHelp(missing);
+    ASSERT_EQ(m_dialogs->boxes().size(), 1);
+    EXPECT_TRUE(m_dialogs->boxes().first().text.contains(missing));
+    EXPECT_EQ(m_dialogs->boxes().first().icon, IDialogs::Icon::Warning);
+    delete window;
+}
+
+TEST_F(FormsTest, APlaceIsKeptOnlyWhileTheFormIsInsideTheScreenAndComesBack)
+{
+    QWidget form;
+    form.resize(200, 100);
+    const QRect area = screen(form);
+    form.move(area.topLeft() + QPoint(100, 80));
+    SaveFormPosition(form, "frmTest", Root);
+    EXPECT_EQ(stored(FormsKey, "frmTest"), QVariant("1,1200,1500,3000,1500,"));
+
+    // Half off the right edge, then touching the top: the last good place stays.
+    form.move(area.topLeft() + QPoint(area.width() - 100, 80));
+    SaveFormPosition(form, "frmTest", Root);
+    form.move(area.topLeft() + QPoint(100, 0));
+    SaveFormPosition(form, "frmTest", Root);
+    EXPECT_EQ(stored(FormsKey, "frmTest"), QVariant("1,1200,1500,3000,1500,"));
+
+    form.move(area.topLeft() + QPoint(5, 5));
+    form.resize(50, 50);
+    RestoreFormPosition(form, "frmTest", Root);
+    EXPECT_EQ(form.pos(), area.topLeft() + QPoint(100, 80));
+    EXPECT_EQ(form.size(), QSize(200, 100));
+
+    // A value without its last comma doesn't count: the form is centred instead.
+    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, FormsKey, "frmTest", REG_SZ, "1,1200,1500,3000,1500"),
+              0);
+    RestoreFormPosition(form, "frmTest", Root);
+    EXPECT_EQ(form.pos(),
+              area.topLeft() + QPoint((area.width() - 200) / 2, (area.height() - 100) / 2));
+}
+
+TEST_F(FormsTest, AFormCentredOverAWindowAtTheEdgeStaysOnTheScreen)
+{
+    QWidget owner;
+    owner.setGeometry(QRect(screen(owner).topLeft(), QSize(100, 100)));
+    QWidget form;
+    form.resize(300, 200);
+    CentreOverWindow(&owner, form);
+    EXPECT_EQ(form.pos(), screen(form).topLeft());
+}
+
+TEST_F(FormsTest, CombosCarryNumbersAndIconsAreLoadedOnceByNameAndSize)
+{
+    QComboBox combo;
+    EXPECT_THROW(GetComboData(combo), VigilError);
+    AddComboItem(combo, "Slow", 10);
+    AddComboItem(combo, "Fast", 20);
+    AddComboItem(combo, "Slow", 30); // the number goes to the first entry of that text
+    SelectComboByData(combo, 20);
+    EXPECT_EQ(GetComboData(combo), 20);
+    SelectComboByData(combo, 30);
+    EXPECT_EQ(GetComboData(combo), 30);
+    EXPECT_EQ(combo.currentIndex(), 0);
+    SelectComboByData(combo, 99);
+    EXPECT_EQ(combo.currentIndex(), 0);
+
+    writeFile(QStringLiteral("Icons/Time.ico"), "icon");
+    ImageList images;
+    EXPECT_EQ(LoadIconImage(images, "Time.ico", 0), 1);
+    EXPECT_EQ(LoadIconImage(images, "Time.ico", 3), 2);
+    EXPECT_EQ(LoadIconImage(images, "Time.ico", 0), 1);
+    EXPECT_EQ(GetImageIndex(images, "Time.ico_3"), 2);
+    EXPECT_EQ(LoadIconImage(images, "Missing.ico", 0), 0);
+    EXPECT_EQ(images.count(), 2);
+}
+
+class ProgressLogTest : public FormsTest
+{
+protected:
+    void SetUp() override
+    {
+        FormsTest::SetUp();
+        if (HasFatalFailure())
+            return;
+        m_log = std::make_unique<frmDownloads>();
+        m_list = m_log->findChild<QTreeWidget*>(QStringLiteral("lvwDownloads"));
+        ASSERT_TRUE(m_list);
+    }
+
+    QTreeWidgetItem* row(int index) const { return m_list->topLevelItem(index); }
+    static QString iconOf(const QTreeWidgetItem* row)
+    {
+        return row->data(frmDownloads::Printer, frmDownloads::IconKeyRole).toString();
+    }
+
+    std::unique_ptr<frmDownloads> m_log;
+    QTreeWidget* m_list = nullptr;
+};
+
+TEST_F(ProgressLogTest, EachPrinterHasOneRowThatTheLatestEventRewrites)
+{
+    m_log->AddStatusItem("Line 1", "LABEL.FMT\nsecond", 2);
+    m_log->AddStatusItem("Line 1", "LABEL.FMT", 1);
+    ASSERT_EQ(m_list->topLevelItemCount(), 1);
+    EXPECT_EQ(row(0)->text(frmDownloads::Message), QStringLiteral("LABEL.FMT"));
+    EXPECT_EQ(row(0)->text(frmDownloads::Status), QStringLiteral("Waiting"));
+    EXPECT_FALSE(row(0)->text(frmDownloads::DateTime).isEmpty());
+    EXPECT_TRUE(m_log->isVisible());
+
+    m_log->AddErrorItem("Line 1", "Head\nopen", 1234);
+    EXPECT_EQ(row(0)->text(frmDownloads::Message), QStringLiteral("Head open"));
+    EXPECT_EQ(row(0)->text(frmDownloads::Status), QStringLiteral("1234"));
+    EXPECT_EQ(iconOf(row(0)), QStringLiteral("Error"));
+    EXPECT_TRUE(row(0)->font(frmDownloads::Status).bold());
+
+    m_log->AddStatusItem("Line 1", "LABEL.FMT", 4);
+    EXPECT_EQ(row(0)->text(frmDownloads::Status), QStringLiteral("Complete"));
+    EXPECT_EQ(iconOf(row(0)), QStringLiteral("Success"));
+    EXPECT_FALSE(row(0)->font(frmDownloads::Printer).bold());
+
+    // A status without a word blanks the cell and keeps the icon.
+    m_log->AddStatusItem("Line 1", "OTHER.FMT", 9);
+    EXPECT_EQ(row(0)->text(frmDownloads::Status), QString());
+    EXPECT_EQ(row(0)->text(frmDownloads::Message), QStringLiteral("OTHER.FMT"));
+    EXPECT_EQ(iconOf(row(0)), QStringLiteral("Success"));
+    EXPECT_EQ(m_list->topLevelItemCount(), 1);
+}
+
+TEST_F(ProgressLogTest, QuietEventsAddNoRowAndNamesCompareWithCase)
+{
+    m_log->AddMessageItem("Coder", QString());
+    EXPECT_EQ(m_list->topLevelItemCount(), 0);
+    EXPECT_FALSE(m_log->isVisible());
+
+    m_log->AddStatusItem("Coder", "LABEL.FMT", 0);
+    EXPECT_EQ(m_list->topLevelItemCount(), 0);
+    EXPECT_TRUE(m_log->isVisible());
+
+    m_log->AddMessageItem("Coder", "Ribbon low");
+    m_log->AddMessageItem("coder", "Ribbon low");
+    ASSERT_EQ(m_list->topLevelItemCount(), 2);
+    EXPECT_EQ(row(0)->text(frmDownloads::Printer), QStringLiteral("Coder"));
+    EXPECT_EQ(row(1)->text(frmDownloads::Printer), QStringLiteral("coder"));
+    EXPECT_EQ(iconOf(row(1)), QStringLiteral("Neutral"));
+}
+
+TEST_F(ProgressLogTest, ClosingHidesKeepingRowsAndPlaceAndClearEmpties)
+{
+    m_log->AddMessageItem("Coder", "Ribbon low");
+    const QPoint inside = screen(*m_log).topLeft() + QPoint(40, 30);
+    m_log->move(inside);
+    m_log->close();
+    EXPECT_FALSE(m_log->isVisible());
+    EXPECT_EQ(m_list->topLevelItemCount(), 1);
+    EXPECT_TRUE(stored(FormsKey, "frmDownloads").isValid());
+
+    m_log->move(inside + QPoint(10, 10));
+    m_log->ShowMe();
+    EXPECT_TRUE(m_log->isVisible());
+    EXPECT_EQ(m_log->pos(), inside);
+
+    m_log->findChild<QPushButton*>(QStringLiteral("cmdClear"))->click();
+    EXPECT_EQ(m_list->topLevelItemCount(), 0);
+    m_log->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    EXPECT_FALSE(m_log->isVisible());
+}
+} // namespace
