@@ -1,0 +1,29 @@
+#include "platform/qt/QtQueueDialogs.h"
+
+#include "platform/qt/AddPrinterDialog.h"
+#include "platform/qt/QueuePropertiesDialog.h"
+
+QtQueueDialogs::QtQueueDialogs(QWidget* parent)
+    : m_parent(parent)
+{}
+
+std::optional<QueueRecord> QtQueueDialogs::askForNewQueue()
+{
+    // On the heap: a parent that goes during exec() takes the dialog with it.
+    QPointer<AddPrinterDialog> dialog = new AddPrinterDialog(m_parent);
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return std::nullopt;
+    const std::optional<QueueRecord> record =
+        accepted ? std::optional<QueueRecord>(dialog->record()) : std::nullopt;
+    delete dialog;
+    return record;
+}
+
+void QtQueueDialogs::showProperties(const QueueRecord& record, const QString& reachability)
+{
+    QPointer<QueuePropertiesDialog> dialog =
+        new QueuePropertiesDialog(record, reachability, m_parent);
+    dialog->exec();
+    delete dialog;
+}
