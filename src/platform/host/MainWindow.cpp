@@ -1,0 +1,146 @@
+#include "platform/host/MainWindow.h"
+
+#include "platform/host/HostCommandRow.h"
+#include "services/SettingsAccess.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+const QString PlaceKey = DefaultRootKey + QStringLiteral("\\Host");
+const QString PlaceValue = QStringLiteral("Geometry");
+constexpr int UpdatePeriodMs = 1000;
+} // namespace
+
+MainWindow::MainWindow(const QString& title, QWidget* parent)
+    : QMainWindow(parent)
+    , m_commands(m_control.control())
+{
+    setWindowTitle(title);
+    setCentralWidget(&m_control);
+    statusBar();
+    resize(1100, 700);
+    m_updateTimer.setInterval(UpdatePeriodMs);
+    connect(&m_updateTimer, &QTimer::timeout, this, &MainWindow::updateCommands);
+    // After the control has shown the new selection's page.
+    connect(&m_control.treeView().widget(), &QTreeWidget::currentItemChanged, this,
+            &MainWindow::updateCommands);
+}
+
+void MainWindow::start()
+{
+    restorePlace();
+    m_control.initialise();
+    // The whole site at a glance: every group open.
+    m_control.treeView().widget().expandAll();
+    buildToolbar(m_control.control().GetToolbarConfiguration());
+    buildMenus(m_control.control().GetMenuConfiguration());
+    updateCommands();
+    m_updateTimer.start();
+}
+
+QAction* MainWindow::makeAction(const HostCommandRow& row)
+{
+    auto* action = new QAction(QIcon(row.iconPath), row.caption, this);
+    action->setToolTip(row.tip);
+    action->setStatusTip(row.status);
+    // A letter is a shortcut with Ctrl; where two commands want the same one, the first has it.
+    if (!row.key.isEmpty() && !m_shortcutsTaken.contains(row.key, Qt::CaseInsensitive)) {
+        action->setShortcut(QKeySequence(QStringLiteral("Ctrl+") + row.key));
+        m_shortcutsTaken.append(row.key);
+    }
+    const QString command = row.command;
+    connect(action, &QAction::triggered, this, [this, command] {
+        m_commands.run(command);
+        updateCommands();
+    });
+    m_actions.append({action, command});
+    return action;
+}
+
+// Rows of one number belong together; a change of number starts a new group of buttons.
+void MainWindow::buildToolbar(const QStringList& rows)
+{
+    QToolBar* toolbar = addToolBar(tr("Commands"));
+    toolbar->setObjectName(QStringLiteral("commands"));
+    toolbar->setIconSize(QSize(24, 24));
+    std::optional<int> lastNumber;
+    for (const QString& text : rows) {
+        const std::optional<HostCommandRow> row = HostCommandRow::fromToolbarRow(text);
+        if (!row || !m_commands.has(row->command))
+            continue;
+        if (lastNumber && *lastNumber != row->number)
+            toolbar->addSeparator();
+        lastNumber = row->number;
+        toolbar->addAction(makeAction(*row));
+    }
+}
+
+void MainWindow::buildMenus(const QStringList& rows)
+{
+    QMenu* menu = nullptr;
+    QMenu* first = nullptr;
+    for (const QString& text : rows) {
+        const std::optional<HostCommandRow> row = HostCommandRow::fromMenuRow(text);
+        if (!row)
+            continue;
+        if (row->isMark()) {
+            menu = menuForMark(*row);
+            first = first ? first : menu;
+            continue;
+        }
+        if (menu && m_commands.has(row->command))
+            menu->addAction(makeAction(*row));
+    }
+    // The host's own: leaving the program, at the end of the first menu.
+    if (first) {
+        first->addSeparator();
+        QAction* quit = first->addAction(tr("E&xit"), this, &QWidget::close);
+        quit->setShortcut(QKeySequence::Quit);
+    }
+}
+
+// The marks without a title are the host's: the first is its file menu, the last its help.
+QMenu* MainWindow::menuForMark(const HostCommandRow& mark)
+{
+    if (!mark.markTitle.isEmpty())
+        return menuBar()->addMenu(mark.markTitle);
+    return menuBar()->addMenu(mark.mark == -1 ? tr("&File") : tr("&Help"));
+}
+
+void MainWindow::updateCommands()
+{
+    for (const auto& [action, command] : std::as_const(m_actions)) {
+        const ControlCommands::State state = m_commands.state(command);
+        action->setVisible(state.visible);
+        action->setEnabled(state.enabled);
+        action->setCheckable(state.checked.has_value());
+        action->setChecked(state.checked.value_or(false));
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    m_updateTimer.stop();
+    savePlace();
+    m_control.hideControl();
+    event->accept();
+}
+
+void MainWindow::restorePlace()
+{
+    QVariant place;
+    TransferValueEx(HKEY_CURRENT_USER, PlaceKey, 0, REG_SZ, PlaceValue, place, QString(), false);
+    const QByteArray geometry = QByteArray::fromBase64(place.toString().toLatin1());
+    if (geometry.isEmpty() || !restoreGeometry(geometry))
+        resize(1100, 700);
+}
+
+void MainWindow::savePlace()
+{
+    QVariant place = QString::fromLatin1(saveGeometry().toBase64());
+    TransferValueEx(HKEY_CURRENT_USER, PlaceKey, 1, REG_SZ, PlaceValue, place, QString(), false);
+}

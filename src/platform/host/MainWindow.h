@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/host/ControlCommands.h"
+#include "platform/qt/ControlWidget.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+struct HostCommandRow;
+
+// The host shell: a main window holding the control, with a toolbar and menus built from the
+// control's own tables. Each pick calls the command by name, and every action follows its
+// command's OnUpdate operation on each change of selection and once a second.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(const QString& title, QWidget* parent = nullptr);
+
+    ControlWidget& controlWidget() { return m_control; }
+    // Starts the control, builds the toolbar and menus from its tables and brings back the
+    // window's place of the last run.
+    void start();
+    // Asks every command's OnUpdate operation again.
+    void updateCommands();
+
+    // The actions the tables gave, each with its command's name.
+    const QList<QPair<QAction*, QString>>& commandActions() const { return m_actions; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildToolbar(const QStringList& rows);
+    void buildMenus(const QStringList& rows);
+    QMenu* menuForMark(const HostCommandRow& mark);
+    QAction* makeAction(const HostCommandRow& row);
+    void restorePlace();
+    void savePlace();
+
+    ControlWidget m_control;
+    ControlCommands m_commands;
+    QTimer m_updateTimer;
+    QList<QPair<QAction*, QString>> m_actions;
+    QStringList m_shortcutsTaken;
+};

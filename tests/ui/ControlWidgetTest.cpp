@@ -1,0 +1,221 @@
+// The control on screen: the page pane's scroll bars and splitter in pixels, and the host
+// window's actions following the commands' states.
+
+#include "core/Globals.h"
+#include "core/PageFactory.h"
+#include "core/clsComponents.h"
+#include "pages/PageRegistry.h"
+#include "platform/host/HostCommandRow.h"
+#include "platform/host/MainWindow.h"
+#include "platform/qt/QtPagePane.h"
+#include "printing/clsLBXHandler.h"
+#include "support/FakeApplication.h"
+#include "support/ScriptedHandler.h"
+#include "support/ServicesFixture.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+namespace {
+void ensureApplication()
+{
+    static int argc = 1;
+    static char name[] = "ui_tests";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!QApplication::instance())
+        new QApplication(argc, argv);
+}
+
+// A page of a fixed size in pixels.
+class SizedPage : public QWidget, public IPage
+{
+public:
+    static inline QSize size{100, 100};
+    SizedPage() { resize(size); }
+    void Setup(const QString&, ComponentHandler*) override {}
+};
+
+class PagePaneTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite() { ensureApplication(); }
+    void SetUp() override
+    {
+        PageFactory::registerClass(PageClass, [] { return std::make_unique<SizedPage>(); });
+    }
+    void TearDown() override { PageFactory::unregisterClass(PageClass); }
+
+    inline static const QString PageClass = QStringLiteral("KorvexVigil.SizedPage");
+    // A child resizes at once; a window waits for the platform.
+    QWidget m_window;
+    QTreeWidget m_tree;
+    QtPagePane m_pane{m_tree, &m_window};
+};
+
+TEST_F(PagePaneTest, ATallPageScrollsInStepsOfSeveralTwips)
+{
+    // 2,667 pixels of page in a frame of 267: 36,000 twips to scroll, which takes steps of 2.
+    SizedPage::size = {200, 2667};
+    m_pane.resize(800, 267);
+    m_window.show();
+    IPage* page = m_pane.createPage(PageClass, "P1");
+    ASSERT_NE(page, nullptr);
+    m_pane.layout();
+    EXPECT_TRUE(m_pane.vsbVert().isVisibleTo(&m_pane));
+    EXPECT_FALSE(m_pane.hsbHoriz().isVisibleTo(&m_pane));
+    EXPECT_EQ(m_pane.vsbVert().maximum(), 18000);
+    EXPECT_EQ(m_pane.workspace().vScrollStep(), 2);
+
+    m_pane.vsbVert().setValue(300); // 600 twips down: 40 pixels
+    EXPECT_EQ(m_pane.pageWidget()->y(), -40);
+    m_pane.resetScrollBars();
+    EXPECT_EQ(m_pane.pageWidget()->y(), 0);
+
+    // The pane grown to hold the page: no bar, and the page back at the top.
+    m_pane.vsbVert().setValue(300);
+    m_pane.resize(800, 2000);
+    EXPECT_TRUE(m_pane.vsbVert().isVisibleTo(&m_pane));
+    EXPECT_EQ(m_pane.vsbVert().maximum(), (40005 - 30000) / 1);
+    SizedPage::size = {200, 1999};
+    m_pane.createPage(PageClass, "P2");
+    m_pane.layout();
+    EXPECT_FALSE(m_pane.vsbVert().isVisibleTo(&m_pane));
+    EXPECT_EQ(m_pane.pageWidget()->pos(), QPoint(0, 0));
+
+    m_pane.removePage("P1"); // not the page shown: nothing happens
+    EXPECT_NE(m_pane.pageWidget(), nullptr);
+    m_pane.removePage("P2");
+    EXPECT_EQ(m_pane.pageWidget(), nullptr);
+}
+
+TEST_F(PagePaneTest, TheSplitterKeepsBothPanesAtTheirSmallestWidth)
+{
+    // A split asked for before the control has a size waits for it.
+    m_pane.moveSplitter(6000);
+    m_pane.resize(800, 400);
+    m_window.show();
+    EXPECT_EQ(m_pane.treeWidth(), 6000);
+    EXPECT_EQ(m_tree.width(), 400);
+
+    const WorkspaceLayout& layout = m_pane.workspace();
+    m_pane.moveSplitter(0);
+    EXPECT_GT(layout.tree().width, 0);
+    const float smallest = layout.tree().width;
+    m_pane.moveSplitter(800 * 15);
+    EXPECT_FLOAT_EQ(layout.tree().width, 800 * 15 - layout.splitter().width - smallest);
+    // The right pane is the rest, one splitter's width short of the edge.
+    EXPECT_FLOAT_EQ(layout.pageParent().left, layout.tree().width + layout.splitter().width);
+}
+
+class HostWindowTest : public ServicesFixture
+{
+protected:
+    static void SetUpTestSuite() { ensureApplication(); }
+    void SetUp() override
+    {
+        ServicesFixture::SetUp();
+        QByteArray catalogue;
+        for (int line = 1; line <= 450; ++line)
+            catalogue += "text " + QByteArray::number(line) + '\n';
+        writeMessageFile(QStringLiteral("en"), catalogue);
+        LibraryStart();
+        RegisterPages();
+        PageFactory::registerClass(PrinterPage, [] { return std::make_unique<SizedPage>(); });
+        m_application->administrator = true;
+        m_application->queues.add("Filler", ScriptedHandler::FirstNumber);
+        InstallApplicationFactory([this] { return m_application; });
+    }
+    void TearDown() override
+    {
+        m_window.reset();
+        UnregisterPages();
+        PageFactory::unregisterClass(PrinterPage);
+        ReleaseGlobalLBX();
+        InstallApplicationFactory(nullptr);
+        ServicesFixture::TearDown();
+    }
+
+    QAction* action(const QString& command) const
+    {
+        for (const auto& [action, name] : m_window->commandActions())
+            if (name == command)
+                return action;
+        return nullptr;
+    }
+
+    inline static const QString PrinterPage = QStringLiteral("KorvexVigil.ctlScriptedUI");
+    ScriptedHandler::Registration m_scripted;
+    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
+    std::unique_ptr<MainWindow> m_window = std::make_unique<MainWindow>("Vigil");
+};
+
+TEST_F(HostWindowTest, ToolbarRowsBecomeActionsThatFollowTheirCommands)
+{
+    m_window->start();
+    QAction* enablePolling = action("DoEnablePolling");
+    QAction* disablePolling = action("DoDisablePolling");
+    ASSERT_TRUE(enablePolling && disablePolling);
+    EXPECT_EQ(disablePolling->text(), "text 46");
+    EXPECT_EQ(disablePolling->toolTip(), "text 47");
+    EXPECT_TRUE(disablePolling->isVisible());
+    EXPECT_FALSE(enablePolling->isVisible());
+    // Commands this build doesn't have get no action at all.
+    EXPECT_EQ(action("DoSendFilesToPrinters"), nullptr);
+
+    disablePolling->trigger();
+    EXPECT_TRUE(enablePolling->isVisible());
+    EXPECT_FALSE(disablePolling->isVisible());
+    EXPECT_TRUE(m_window->controlWidget().control().scheduler().pollingDisabled());
+
+    // The root selected: no delete, no properties; a printer selected: both.
+    EXPECT_FALSE(action("DoDelete")->isEnabled());
+    TreeWidget& tree = m_window->controlWidget().treeView().widget();
+    tree.setCurrentItem(tree.topLevelItem(0)->child(0));
+    EXPECT_TRUE(action("DoDelete")->isEnabled());
+    EXPECT_TRUE(action("DoProperties")->isVisible());
+    EXPECT_TRUE(action("DoDisablePrinter")->isVisible());
+    EXPECT_FALSE(action("DoEnablePrinter")->isVisible());
+    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
+}
+
+TEST_F(HostWindowTest, ANewGroupIsNamedInPlace)
+{
+    m_window->show();
+    m_window->start();
+    action("DoAddGroup")->trigger();
+    TreeWidget& tree = m_window->controlWidget().treeView().widget();
+    auto* editor = tree.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("Packing");
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents(); // the editor commits by a queued call
+    const QString id = QtTreeView::keyOf(tree.currentItem());
+    ASSERT_TRUE(id.startsWith("GP"));
+    EXPECT_EQ(g_oComponents->Find(id)->m_sName, "Packing");
+    EXPECT_EQ(tree.currentItem()->text(0), "Packing");
+
+    // A printer's label can't be edited: its name is its queue's.
+    tree.setCurrentItem(tree.topLevelItem(0)->child(0));
+    tree.editItem(tree.currentItem(), 0);
+    const QList<QLineEdit*> editors = tree.findChildren<QLineEdit*>();
+    EXPECT_TRUE(std::none_of(editors.begin(), editors.end(),
+                             [](const QLineEdit* open) { return open->isVisible(); }));
+}
+
+TEST(HostCommandRowTest, MenuRowsAreCommandsOrMarks)
+{
+    const auto mark = HostCommandRow::fromMenuRow("-3\nEdit\n");
+    ASSERT_TRUE(mark && mark->isMark());
+    EXPECT_EQ(mark->mark, -3);
+    EXPECT_EQ(mark->markTitle, "Edit");
+    const auto help = HostCommandRow::fromMenuRow("0\nDoHelp\nHelp\n\ntip\nstatus\nFALSE\n\n1");
+    ASSERT_TRUE(help && !help->isMark());
+    EXPECT_EQ(help->command, "DoHelp");
+    EXPECT_TRUE(help->iconPath.isEmpty());
+    EXPECT_EQ(help->number, 1);
+    EXPECT_FALSE(HostCommandRow::fromToolbarRow("DoHelp\nHelp"));
+    EXPECT_FALSE(HostCommandRow::fromMenuRow("garbage"));
+}
+} // namespace
