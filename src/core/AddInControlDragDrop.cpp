@@ -32,8 +32,8 @@ void AddInControl::treePrinters_OLEStartDrag(DragData& oData)
     });
 }
 
-void AddInControl::treePrinters_OLEDragOver(const DragData& oData, int& nEffect, float fX,
-                                            float fY, int nState)
+void AddInControl::treePrinters_OLEDragOver(const DragData& oData, int& nEffect, float fX, float fY,
+                                            int nState)
 {
     RunTrapped(Context + QStringLiteral("treePrinters_OLEDragOver"), [&] {
         m_treePrinters.setDropHighlight(nState == DragLeave ? QString()
