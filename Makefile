@@ -5,7 +5,7 @@ ifneq ($(CI),)
 CMAKE_FLAGS += -DVIGIL_WERROR=ON
 endif
 
-.PHONY: all setup build run test bench format clean
+.PHONY: all setup build run sim-demo screenshots test bench format clean
 
 all: build
 
@@ -17,7 +17,13 @@ build: setup
 	cmake --build $(BUILD)
 
 run: build
+	$(BUILD)/bin/vigil --demo
+
+sim-demo: build
 	scripts/demo $(BUILD)
+
+screenshots: build
+	tools/screenshots $(BUILD) screenshots
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j2
@@ -27,6 +33,7 @@ bench: build
 	$(BUILD)/bin/bench_tree
 	$(BUILD)/bin/bench_drivers
 	$(BUILD)/bin/bench_queues
+	$(BUILD)/bin/bench_window
 	bench/sim-load $(BUILD) c-series 2100
 	bench/sim-load $(BUILD) a-series 2011
 	bench/sim-load $(BUILD) avery 123

@@ -21,7 +21,7 @@ class QtPagePane : public QWidget, public IPagePane
 
 public:
     // The design's width of the tree pane.
-    static constexpr qint32 DesignSplit = 3600;
+    static constexpr qint32 DesignSplit = 4800;
 
     struct Hooks
     {
