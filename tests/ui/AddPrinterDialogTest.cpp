@@ -4,6 +4,7 @@
 #include "platform/qt/PrinterFamily.h"
 #include "platform/qt/QtQueueDialogs.h"
 #include "platform/qt/QueuePropertiesDialog.h"
+#include "ui/WidgetApplication.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -19,15 +20,7 @@ namespace {
 class AddPrinterDialogTest : public ::testing::Test
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        static int argc = 1;
-        static char name[] = "ui_tests";
-        static char* argv[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        if (!QApplication::instance())
-            new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
 
     template <typename Widget> static Widget* field(QDialog& dialog, const char* name)
     {

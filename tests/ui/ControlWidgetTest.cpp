@@ -12,22 +12,13 @@
 #include "support/FakeApplication.h"
 #include "support/ScriptedHandler.h"
 #include "support/ServicesFixture.h"
+#include "ui/WidgetApplication.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 
 namespace {
-void ensureApplication()
-{
-    static int argc = 1;
-    static char name[] = "ui_tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (!QApplication::instance())
-        new QApplication(argc, argv);
-}
-
 // A page of a fixed size in pixels.
 class SizedPage : public QWidget, public IPage
 {
@@ -40,7 +31,7 @@ public:
 class PagePaneTest : public ::testing::Test
 {
 protected:
-    static void SetUpTestSuite() { ensureApplication(); }
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
     void SetUp() override
     {
         PageFactory::registerClass(PageClass, [] { return std::make_unique<SizedPage>(); });
@@ -112,7 +103,7 @@ TEST_F(PagePaneTest, TheSplitterKeepsBothPanesAtTheirSmallestWidth)
 class HostWindowTest : public ServicesFixture
 {
 protected:
-    static void SetUpTestSuite() { ensureApplication(); }
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
     void SetUp() override
     {
         ServicesFixture::SetUp();

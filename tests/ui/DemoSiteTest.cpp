@@ -13,6 +13,7 @@
 #include "services/SettingsStore.h"
 #include "sim/SimPrinter.h"
 #include "support/RecordingDialogs.h"
+#include "ui/WidgetApplication.h"
 
 #include <QApplication>
 #include <QCryptographicHash>
@@ -29,12 +30,7 @@ class DemoSiteTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        static int argc = 1;
-        static char name[] = "ui_tests";
-        static char* argv[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        if (!QApplication::instance())
-            new QApplication(argc, argv);
+        EnsureWidgetApplication();
         ASSERT_TRUE(m_folder.isValid());
         for (const char* variable : {"VIGIL_STORE", "XDG_DATA_HOME", "VIGIL_HOME", "LANGUAGE"})
             m_saved.insert(variable, qgetenv(variable));

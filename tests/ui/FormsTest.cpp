@@ -9,6 +9,7 @@
 #include "services/SettingsAccess.h"
 #include "services/VigilError.h"
 #include "support/ServicesFixture.h"
+#include "ui/WidgetApplication.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -30,15 +31,7 @@ const QString FormsKey = Root + QStringLiteral("Forms\\");
 class FormsTest : public ServicesFixture
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        static int argc = 1;
-        static char name[] = "ui_tests";
-        static char* argv[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        if (!QApplication::instance())
-            new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
 
     void SetUp() override
     {

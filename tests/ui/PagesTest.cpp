@@ -14,6 +14,7 @@
 #include "printing/clsLBXHandler.h"
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
+#include "ui/WidgetApplication.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -28,15 +29,7 @@ namespace {
 class PagesTest : public TreeFixture
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        static int argc = 1;
-        static char name[] = "ui_tests";
-        static char* argv[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        if (!QApplication::instance())
-            new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
 
     void SetUp() override
     {

@@ -1,5 +1,7 @@
 #include "platform/qt/QtTreeView.h"
 
+#include "ui/WidgetApplication.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -7,15 +9,7 @@ namespace {
 class QtTreeViewTest : public ::testing::Test
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        static int argc = 1;
-        static char name[] = "ui_tests";
-        static char* argv[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        if (!QApplication::instance())
-            new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
 
     QtTreeView m_view;
 };
