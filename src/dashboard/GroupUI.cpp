@@ -3,6 +3,7 @@
 #include "core/GroupHandler.h"
 #include "pages/HandlerMismatch.h"
 #include "platform/qt/QtTreeView.h"
+#include "platform/qt/Twips.h"
 
 #include <QLabel>
 
@@ -17,7 +18,7 @@ GroupUI::GroupUI(QWidget* parent)
     , m_lblName(new QLabel(QStringLiteral("group name"), this))
 {
     setObjectName(QStringLiteral("GroupUI"));
-    resize(SurfaceSize / QtTreeView::TwipsPerPixel);
+    resize(SurfaceSize / TwipsPerPixel);
     m_lblName->setObjectName(QStringLiteral("lblName"));
     QFont font(QStringLiteral("Arial"));
     font.setPointSize(12);

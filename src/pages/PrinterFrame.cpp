@@ -11,6 +11,7 @@
 #include "pages/SettingsWebLink.h"
 #include "pages/ctlGeneralPage.h"
 #include "platform/qt/QtTreeView.h"
+#include "platform/qt/Twips.h"
 #include "services/ErrorBox.h"
 #include "services/MessageCatalogue.h"
 
@@ -21,11 +22,6 @@ constexpr int Margin = 8;
 constexpr qint32 LargeIcon = 3;
 // The size the frame is made at, in twips.
 constexpr QSize DesignSize(7000, 4500);
-
-int toPixels(int twips)
-{
-    return qRound(double(twips) / QtTreeView::TwipsPerPixel);
-}
 
 // The handler doesn't tell its node; printers are named after their queues, one node each.
 clsComponent* nodeOf(const ComponentHandler& handler)

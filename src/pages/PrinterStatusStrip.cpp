@@ -1,6 +1,7 @@
 #include "pages/PrinterStatusStrip.h"
 
 #include "platform/qt/QtTreeView.h"
+#include "platform/qt/Twips.h"
 
 #include <QBoxLayout>
 #include <QFrame>
@@ -8,7 +9,7 @@
 
 namespace {
 constexpr int IconBoxTwips = 480;
-constexpr int IconBox = IconBoxTwips / QtTreeView::TwipsPerPixel;
+constexpr int IconBox = IconBoxTwips / TwipsPerPixel;
 // The state's colour shows as a ring around the icon, also where the icon has no
 // transparent edge.
 constexpr int ColourRing = 4;

@@ -1,5 +1,6 @@
 #include "platform/qt/QtTreeView.h"
 
+#include "platform/qt/Twips.h"
 #include "ui/WidgetApplication.h"
 
 #include <QApplication>
@@ -65,8 +66,7 @@ TEST_F(QtTreeViewTest, APointInTwipsFindsTheItemUnderIt)
     m_view.expandItem("GPRoot");
     const QRect second = m_view.widget().visualItemRect(m_view.item("ID1"));
     const QPoint centre = second.center();
-    EXPECT_EQ(m_view.hitTest(centre.x() * QtTreeView::TwipsPerPixel,
-                             centre.y() * QtTreeView::TwipsPerPixel),
+    EXPECT_EQ(m_view.hitTest(centre.x() * TwipsPerPixel, centre.y() * TwipsPerPixel),
               QStringLiteral("ID1"));
     EXPECT_EQ(m_view.hitTest(10 * 15, 190 * 15), QString());
 }

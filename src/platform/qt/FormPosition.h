@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/qt/Twips.h"
+
 #include <QString>
 
 class QWidget;
@@ -8,7 +10,6 @@ class QWidget;
 // the forms' one scale mode, at 15 twips a pixel; the screen is the available area of the
 // form's screen.
 constexpr qint16 TwipsScaleMode = 1;
-constexpr int TwipsPerPixel = 15;
 
 // Keeps the form's place in the machine hive under rootKey + "Forms\", only while the form
 // lies wholly inside the screen: a form dragged partly off keeps its last good place.

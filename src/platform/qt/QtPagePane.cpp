@@ -2,27 +2,17 @@
 
 #include "core/PageFactory.h"
 #include "platform/qt/QtTreeView.h"
+#include "platform/qt/Twips.h"
 #include "services/ErrorBox.h"
 
 #include <QResizeEvent>
 #include <QStyle>
 
 namespace {
-constexpr float TwipsPerPixel = QtTreeView::TwipsPerPixel;
-
-int pixels(float twips)
-{
-    return qRound(twips / TwipsPerPixel);
-}
-
-float twips(int pixels)
-{
-    return float(pixels) * TwipsPerPixel;
-}
-
 QRect pixelRect(const WorkspaceLayout::Rect& rect)
 {
-    return QRect(pixels(rect.left), pixels(rect.top), pixels(rect.width), pixels(rect.height));
+    return QRect(toPixels(rect.left), toPixels(rect.top), toPixels(rect.width),
+                 toPixels(rect.height));
 }
 
 const QString Context = QStringLiteral("AddInControl - ");
@@ -59,11 +49,11 @@ WorkspaceLayout::Design QtPagePane::designFor(const QWidget& widget)
     WorkspaceLayout::Design design;
     // Each pane keeps room for a line of text at least.
     design.minPaneWidth =
-        twips(widget.fontMetrics().horizontalAdvance(QStringLiteral("ABDCEFGHIJKLMN")));
-    design.splitterWidth = twips(4);
+        toTwips(widget.fontMetrics().horizontalAdvance(QStringLiteral("ABDCEFGHIJKLMN")));
+    design.splitterWidth = toTwips(4);
     const int bar = widget.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    design.hScrollHeight = twips(bar);
-    design.vScrollWidth = twips(bar);
+    design.hScrollHeight = toTwips(bar);
+    design.vScrollWidth = toTwips(bar);
     return design;
 }
 
@@ -146,7 +136,7 @@ void QtPagePane::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     m_bSized = true;
-    m_layout.UserControl_Resize(twips(width()), twips(height()));
+    m_layout.UserControl_Resize(toTwips(width()), toTwips(height()));
     if (m_pendingSplit)
         m_layout.MoveSplitter(float(*std::exchange(m_pendingSplit, std::nullopt)));
     applyControlLayout();
@@ -163,7 +153,7 @@ void QtPagePane::fSplitter_MouseMove(int button, float x)
 
 void QtPagePane::applyControlLayout()
 {
-    m_layout.UserControl_Resize(twips(width()), twips(height()));
+    m_layout.UserControl_Resize(toTwips(width()), toTwips(height()));
     m_tree.setGeometry(pixelRect(m_layout.tree()));
     m_fSplitter.setGeometry(pixelRect(m_layout.splitter()));
     m_frameCustomControlParent.setGeometry(pixelRect(m_layout.pageParent()));
@@ -179,8 +169,8 @@ void QtPagePane::frameCustomControlParent_Resize()
     const bool fileView = m_hooks.fileViewShowing && m_hooks.fileViewShowing();
     std::optional<WorkspaceLayout::Rect> page;
     if (m_pageWidget)
-        page = WorkspaceLayout::Rect{0, 0, twips(m_pageWidget->width()),
-                                     twips(m_pageWidget->height())};
+        page = WorkspaceLayout::Rect{0, 0, toTwips(m_pageWidget->width()),
+                                     toTwips(m_pageWidget->height())};
     m_layout.frameCustomControlParent_Resize(page ? &*page : nullptr, fileView);
 
     m_frameControlContainer.setGeometry(pixelRect(m_layout.frame()));
@@ -221,5 +211,5 @@ void QtPagePane::vsbVert_Change()
 void QtPagePane::placePage()
 {
     if (m_pageWidget)
-        m_pageWidget->move(pixels(m_layout.pageLeft()), pixels(m_layout.pageTop()));
+        m_pageWidget->move(toPixels(m_layout.pageLeft()), toPixels(m_layout.pageTop()));
 }

@@ -1,16 +1,15 @@
 #include "platform/qt/QtQueueDialogs.h"
 
+#include "platform/qt/AddInWindow.h"
 #include "platform/qt/AddPrinterDialog.h"
 #include "platform/qt/QueuePropertiesDialog.h"
 
-QtQueueDialogs::QtQueueDialogs(QWidget* parent)
-    : m_parent(parent)
-{}
+#include <QPointer>
 
 std::optional<QueueRecord> QtQueueDialogs::askForNewQueue()
 {
     // On the heap: a parent that goes during exec() takes the dialog with it.
-    QPointer<AddPrinterDialog> dialog = new AddPrinterDialog(m_parent);
+    QPointer<AddPrinterDialog> dialog = new AddPrinterDialog(AddInWindow());
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (!dialog)
         return std::nullopt;
@@ -23,7 +22,7 @@ std::optional<QueueRecord> QtQueueDialogs::askForNewQueue()
 void QtQueueDialogs::showProperties(const QueueRecord& record, const QString& reachability)
 {
     QPointer<QueuePropertiesDialog> dialog =
-        new QueuePropertiesDialog(record, reachability, m_parent);
+        new QueuePropertiesDialog(record, reachability, AddInWindow());
     dialog->exec();
     delete dialog;
 }

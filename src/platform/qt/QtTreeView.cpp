@@ -153,7 +153,7 @@ void QtTreeView::expandItem(const QString& key)
 
 QString QtTreeView::hitTest(float x, float y) const
 {
-    const QPoint pixels(qRound(x / TwipsPerPixel), qRound(y / TwipsPerPixel));
+    const QPoint pixels(toPixels(x), toPixels(y));
     return keyOf(m_tree.itemAt(pixels));
 }
 

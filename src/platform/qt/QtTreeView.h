@@ -14,8 +14,6 @@ class ImageList;
 class QtTreeView : public ITreeView
 {
 public:
-    static constexpr int TwipsPerPixel = TreeWidget::TwipsPerPixel;
-
     explicit QtTreeView(QWidget* parent = nullptr);
 
     TreeWidget& widget() { return m_tree; }

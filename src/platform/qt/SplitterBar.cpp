@@ -13,12 +13,10 @@ SplitterBar::SplitterBar(MouseMove onMouseMove, QWidget* parent)
 
 void SplitterBar::mouseMoveEvent(QMouseEvent* event)
 {
-    m_onMouseMove(TreeWidget::buttonsOf(event->buttons()),
-                  float(event->position().x() * TreeWidget::TwipsPerPixel));
+    m_onMouseMove(TreeWidget::buttonsOf(event->buttons()), toTwips(event->position().x()));
 }
 
 void SplitterBar::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_onMouseMove(TreeWidget::buttonsOf(event->buttons()),
-                  float(event->position().x() * TreeWidget::TwipsPerPixel));
+    m_onMouseMove(TreeWidget::buttonsOf(event->buttons()), toTwips(event->position().x()));
 }

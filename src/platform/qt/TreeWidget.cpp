@@ -7,11 +7,6 @@
 #include <QMouseEvent>
 
 namespace {
-float twips(qreal pixels)
-{
-    return float(pixels * TreeWidget::TwipsPerPixel);
-}
-
 DragData dragDataOf(const QMimeData* mime)
 {
     DragData data;
@@ -90,7 +85,7 @@ int TreeWidget::keyCodeOf(int qtKey)
 void TreeWidget::mousePressEvent(QMouseEvent* event)
 {
     call(m_hooks.mouseDown, buttonsOf(event->button()), shiftOf(event->modifiers()),
-         twips(event->position().x()), twips(event->position().y()));
+         toTwips(event->position().x()), toTwips(event->position().y()));
     QTreeWidget::mousePressEvent(event);
 }
 
@@ -98,13 +93,13 @@ void TreeWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     QTreeWidget::mouseReleaseEvent(event);
     call(m_hooks.mouseUp, buttonsOf(event->button()), shiftOf(event->modifiers()),
-         twips(event->position().x()), twips(event->position().y()));
+         toTwips(event->position().x()), toTwips(event->position().y()));
 }
 
 void TreeWidget::mouseMoveEvent(QMouseEvent* event)
 {
     call(m_hooks.mouseMove, buttonsOf(event->buttons()), shiftOf(event->modifiers()),
-         twips(event->position().x()), twips(event->position().y()));
+         toTwips(event->position().x()), toTwips(event->position().y()));
     QTreeWidget::mouseMoveEvent(event);
 }
 
@@ -134,8 +129,8 @@ void TreeWidget::dragAt(QDropEvent* event, int state)
     int effect = DropEffectNone;
     // Item views get their events in the viewport's coordinates.
     const QPointF point = event->position();
-    call(m_hooks.dragOver, dragDataOf(event->mimeData()), effect, twips(point.x()),
-         twips(point.y()), state);
+    call(m_hooks.dragOver, dragDataOf(event->mimeData()), effect, toTwips(point.x()),
+         toTwips(point.y()), state);
     const Qt::DropAction action = actionOf(effect);
     if (action == Qt::IgnoreAction) {
         event->ignore();
@@ -167,7 +162,7 @@ void TreeWidget::dragLeaveEvent(QDragLeaveEvent* event)
 void TreeWidget::dropEvent(QDropEvent* event)
 {
     const QPointF point = event->position();
-    call(m_hooks.drop, dragDataOf(event->mimeData()), twips(point.x()), twips(point.y()));
+    call(m_hooks.drop, dragDataOf(event->mimeData()), toTwips(point.x()), toTwips(point.y()));
     // The model is the control's business: nothing is moved by the widget itself.
     event->setDropAction(Qt::IgnoreAction);
     event->accept();

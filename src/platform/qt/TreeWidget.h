@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/DragData.h"
+#include "platform/qt/Twips.h"
 
 #include <QTreeWidget>
 #include <functional>
@@ -27,8 +28,6 @@ class TreeWidget : public QTreeWidget
     Q_OBJECT
 
 public:
-    static constexpr int TwipsPerPixel = 15;
-
     explicit TreeWidget(QWidget* parent = nullptr);
 
     void setHooks(TreeHooks hooks) { m_hooks = std::move(hooks); }
