@@ -20,7 +20,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QTimer>
 
 namespace {
@@ -43,15 +43,13 @@ void installWindows()
 void startWhenWiresSettle(MainWindow& window)
 {
     auto* check = new QTimer(&window);
-    auto* waited = new QElapsedTimer;
-    waited->start();
-    QObject::connect(check, &QTimer::timeout, &window, [&window, check, waited] {
+    const QDeadlineTimer deadline(WireWaitMs);
+    QObject::connect(check, &QTimer::timeout, &window, [&window, check, deadline] {
         auto* queues = qobject_cast<LbxQueues*>(&GetGlobalLBX().LBX_App().Queues());
-        if (queues && !queues->wiresSettled() && !waited->hasExpired(WireWaitMs))
+        if (queues && !queues->wiresSettled() && !deadline.hasExpired())
             return;
         check->stop();
         check->deleteLater();
-        delete waited;
         window.start();
     });
     check->start(WireCheckMs);

@@ -134,9 +134,8 @@ void MainWindow::restorePlace()
 {
     QVariant place;
     TransferValueEx(HKEY_CURRENT_USER, PlaceKey, 0, REG_SZ, PlaceValue, place, QString(), false);
-    const QByteArray geometry = QByteArray::fromBase64(place.toString().toLatin1());
-    if (geometry.isEmpty() || !restoreGeometry(geometry))
-        resize(1100, 700);
+    // Without a kept place the window keeps the size it was made with.
+    restoreGeometry(QByteArray::fromBase64(place.toString().toLatin1()));
 }
 
 void MainWindow::savePlace()

@@ -2,7 +2,6 @@
 
 #include "platform/qt/LabelEditDelegate.h"
 
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 ControlWidget::ControlWidget(QWidget* parent)
@@ -71,11 +70,4 @@ void ControlWidget::initialise()
 void ControlWidget::hideControl()
 {
     m_control.UserControl_Hide();
-}
-
-void ControlWidget::keyPressEvent(QKeyEvent* event)
-{
-    if (const int code = TreeWidget::keyCodeOf(event->key()))
-        m_control.UserControl_KeyDown(code, TreeWidget::shiftOf(event->modifiers()));
-    QWidget::keyPressEvent(event);
 }

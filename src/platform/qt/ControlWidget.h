@@ -29,9 +29,6 @@ public:
     // The host is done with the control: polling stops and the tree is saved.
     void hideControl();
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void connectTree();
     void connectMenus();

@@ -68,7 +68,8 @@ IPage* QtPagePane::createPage(const QString& className, const QString& name)
     m_pageName = name;
     m_pageWidget = widget;
     widget->setParent(&m_frameControlContainer);
-    if (widget->size() == QSize(640, 480) || widget->size().isEmpty())
+    // A page nobody has sized comes at the size its layout asks for.
+    if (!widget->testAttribute(Qt::WA_Resized))
         widget->resize(widget->sizeHint());
     widget->move(0, 0);
     widget->show();
