@@ -1,31 +1,8 @@
-#include "core/IForms.h"
-#include "core/IProgressLog.h"
 #include "core/PresentTime.h"
 #include "core/RunningControl.h"
-#include "services/ApplicationOptions.h"
 #include "support/FakeClock.h"
 
 namespace {
-class RecordingForms : public IForms
-{
-public:
-    void ShowOptions() override { shown << QStringLiteral("options"); }
-    void ShowHelp(const QString& sPath) override { shown << sPath; }
-
-    QStringList shown;
-};
-
-class CountingProgressLog : public IProgressLog
-{
-public:
-    void AddStatusItem(const QString&, const QString&, qint32) override {}
-    void AddErrorItem(const QString&, const QString&, qint32) override {}
-    void AddMessageItem(const QString&, const QString&) override {}
-    void ShowMe() override { ++shown; }
-
-    int shown = 0;
-};
-
 // What the host reads of one command: visible, enabled, and the state it passed in or got.
 struct Update
 {
@@ -61,10 +38,9 @@ protected:
     void startSite()
     {
         start({"Line 1"});
-        auto hall = group("GPHall", "Hall", *g_oComponents);
+        auto hall = shownGroup("GPHall", "Hall");
         hall->CreateUI();
         printer("IDLine2", "Line 2", *hall);
-        m_view.addItem("GPRoot", "GPHall", "Hall", 0);
         m_view.addItem("GPHall", "IDLine2", "Line 2", 0);
     }
 
@@ -74,7 +50,6 @@ protected:
 TEST_F(CommandsTest, EachCommandIsOfferedForWhatIsSelected)
 {
     startSite();
-    const QString line1 = idOf("Line 1");
     const auto offers = [this] {
         QStringList names;
         const std::pair<const char*, OnUpdate> commands[] = {
@@ -86,6 +61,8 @@ TEST_F(CommandsTest, EachCommandIsOfferedForWhatIsSelected)
             {"printer", &AddInControl::OnUpdateDoAddPrinter},
             {"time", &AddInControl::OnUpdateDoSyncroniseTime},
             {"options", &AddInControl::OnUpdateDoDisplayOptions},
+            {"poll", &AddInControl::OnUpdateDoEnablePolling},
+            {"nopoll", &AddInControl::OnUpdateDoDisablePolling},
         };
         for (const auto& [name, operation] : commands)
             if (offered(operation))
@@ -96,56 +73,30 @@ TEST_F(CommandsTest, EachCommandIsOfferedForWhatIsSelected)
     m_view.selectItem("IDLine2");
     m_view.removeItem("IDLine2"); // nothing selected: what needs a printer is off
     ASSERT_TRUE(m_view.selectedKey().isEmpty());
-    EXPECT_EQ(offers(), QStringLiteral("group printer time options"));
+    EXPECT_EQ(offers(), QStringLiteral("group printer time options nopoll"));
     m_view.selectItem("GPRoot");
-    EXPECT_EQ(offers(), QStringLiteral("group printer time options"));
+    EXPECT_EQ(offers(), QStringLiteral("group printer time options nopoll"));
     m_view.selectItem("GPHall");
-    EXPECT_EQ(offers(), QStringLiteral("delete group printer time options"));
-    m_view.selectItem(line1);
-    EXPECT_EQ(offers(), QStringLiteral("delete properties disable group printer time options"));
-    m_control->DoDisablePrinter();
-    EXPECT_EQ(offers(), QStringLiteral("delete properties enable group printer time options"));
-
-    m_bVisibleBefore = true; // the answers don't hang on what the host passed in
-    EXPECT_EQ(offers(), QStringLiteral("delete properties enable group printer time options"));
-}
-
-TEST_F(CommandsTest, PollingButtonsAlternate)
-{
-    start();
-    EXPECT_FALSE(offered(&AddInControl::OnUpdateDoEnablePolling));
-    EXPECT_TRUE(offered(&AddInControl::OnUpdateDoDisablePolling));
-    m_control->DoDisablePolling();
-    EXPECT_TRUE(m_control->scheduler().pollingDisabled());
-    EXPECT_TRUE(offered(&AddInControl::OnUpdateDoEnablePolling));
-    EXPECT_FALSE(offered(&AddInControl::OnUpdateDoDisablePolling));
-    m_control->DoEnablePolling();
-    EXPECT_FALSE(m_control->scheduler().pollingDisabled());
-
-    // Clearing assignments is always enabled and leaves the host's visibility alone.
-    bool visible = false, enabled = false;
-    qint16 state = 9;
-    m_control->OnUpdateDoClearFileAssignments(visible, enabled, state);
-    EXPECT_TRUE(enabled);
-    EXPECT_FALSE(visible);
-    EXPECT_EQ(state, 9);
-}
-
-TEST_F(CommandsTest, EnableAndDisableTouchPrintersOnly)
-{
-    startSite();
-    clsComponent* line1 = g_oComponents->FindPrinter("Line 1");
-    m_view.selectItem(line1->m_sID);
-    m_control->DoDisablePrinter();
-    EXPECT_TRUE(line1->Disabled());
-    m_control->DoDisablePrinter(); // again: still disabled, not flipped
-    EXPECT_TRUE(line1->Disabled());
-    m_control->DoEnablePrinter();
-    EXPECT_FALSE(line1->Disabled());
-
-    m_view.selectItem("GPHall");
-    m_control->DoDisablePrinter();
+    m_control->DoDisablePrinter(); // a group's printers are left alone
     EXPECT_FALSE(g_oComponents->FindPrinter("Line 2")->Disabled());
+    EXPECT_EQ(offers(), QStringLiteral("delete group printer time options nopoll"));
+    m_view.selectItem(idOf("Line 1"));
+    EXPECT_EQ(offers(),
+              QStringLiteral("delete properties disable group printer time options nopoll"));
+    m_control->DoDisablePrinter();
+    m_control->DoDisablePrinter(); // again: still disabled, not flipped
+    m_control->DoDisablePolling();
+    EXPECT_EQ(offers(), QStringLiteral("delete properties enable group printer time options poll"));
+    EXPECT_TRUE(m_control->scheduler().pollingDisabled());
+
+    // The answers don't hang on what the host passed in; clearing assignments is always
+    // enabled and leaves the host's visibility alone.
+    m_control->DoEnablePolling();
+    m_control->DoEnablePrinter();
+    m_bVisibleBefore = true;
+    EXPECT_EQ(offers(),
+              QStringLiteral("delete properties disable group printer time options nopoll"));
+    EXPECT_EQ(ask(&AddInControl::OnUpdateDoClearFileAssignments), (Update{false, true, -3}));
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 }
 
@@ -156,11 +107,9 @@ TEST_F(CommandsTest, AUserWithoutTheRightIsToldOrIgnoredAsTheCommandSays)
     m_application->userName = QStringLiteral("operator");
     m_view.selectItem("GPHall");
     EXPECT_FALSE(offered(&AddInControl::OnUpdateDoDelete));
-
     m_control->DoAddGroup();
     m_control->DoDelete();
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
-    EXPECT_NE(g_oComponents->Find("GPHall"), nullptr);
     EXPECT_EQ(g_oComponents->Count(), 2);
 
     m_view.selectItem(idOf("Line 1"));
@@ -191,38 +140,28 @@ TEST_F(CommandsTest, TheClockGoesToEveryPrinterBelowTheSelection)
     clock->setNow(QDateTime(QDate(2026, 11, 22), QTime(6, 0)));
     InstallClock(clock);
     startSite();
-    ScriptedHandler& line1 = handlerOf(*g_oComponents->FindPrinter("Line 1"));
-    ScriptedHandler& line2 = handlerOf(*g_oComponents->FindPrinter("Line 2"));
     const QString synced = QStringLiteral("SyncTime 2026-11-22T06:00:00");
-
     m_view.selectItem("GPHall");
     m_control->DoSyncroniseTime();
-    EXPECT_FALSE(line1.calls.contains(synced));
-    EXPECT_EQ(line2.calls.count(synced), 1);
-
     m_view.selectItem("GPRoot");
     m_control->DoSyncroniseTime();
-    EXPECT_EQ(line1.calls.count(synced), 1);
-    EXPECT_EQ(line2.calls.count(synced), 2);
+    EXPECT_EQ(handlerNamed("Line 1").calls.count(synced), 1);
+    EXPECT_EQ(handlerNamed("Line 2").calls.count(synced), 2);
     InstallClock(nullptr);
 }
 
 TEST_F(CommandsTest, TheFileViewTakesThePaneAndGivesItBack)
 {
     startSite();
-    const QString line1 = idOf("Line 1");
-    click(line1);
-    const auto fileViewState = [this] {
-        return ask(&AddInControl::OnUpdateDoDisplayFileView);
-    };
-    EXPECT_EQ(fileViewState(), (Update{true, true, 0}));
+    click(idOf("Line 1"));
+    EXPECT_EQ(ask(&AddInControl::OnUpdateDoDisplayFileView), (Update{true, true, 0}));
 
     m_control->DoDisplayFileView();
     EXPECT_TRUE(m_control->IsFileViewShowing());
     EXPECT_EQ(m_pages.pageNames(), QStringList{"FileView"});
     EXPECT_EQ(m_pages.pageClass("FileView"), QStringLiteral("KorvexVigil.FileViewControl"));
     EXPECT_FALSE(m_pages.areScrollBarsVisible());
-    EXPECT_EQ(fileViewState(), (Update{true, true, 1}));
+    EXPECT_EQ(ask(&AddInControl::OnUpdateDoDisplayFileView), (Update{true, true, 1}));
 
     // The selection moves on while the file view stays.
     click("GPHall");
@@ -233,6 +172,5 @@ TEST_F(CommandsTest, TheFileViewTakesThePaneAndGivesItBack)
     EXPECT_FALSE(m_control->IsFileViewShowing());
     EXPECT_EQ(m_pages.pageNames(), QStringList{"IDGPHall"});
     EXPECT_TRUE(m_pages.areScrollBarsVisible());
-    EXPECT_EQ(m_control->currentComponent()->m_sID, QStringLiteral("GPHall"));
 }
 } // namespace

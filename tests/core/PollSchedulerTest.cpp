@@ -6,24 +6,7 @@
 #include "support/FakeTimer.h"
 #include "support/ServicesFixture.h"
 
-#include <stdexcept>
-
 namespace {
-// A fake timer that can be made to refuse a new period.
-class BrittleTimer : public FakeTimer
-{
-public:
-    using FakeTimer::FakeTimer;
-    void setInterval(qint32 milliseconds) override
-    {
-        if (failing)
-            throw VigilError(380, QStringLiteral("Timer"),
-                             QStringLiteral("Invalid property value"));
-        FakeTimer::setInterval(milliseconds);
-    }
-    bool failing = false;
-};
-
 // A scheduler on the control's two timers, with their design values, and hooks that note
 // what a tick asks of the control and the tree.
 class Rig
@@ -33,7 +16,7 @@ public:
         : scheduler(timer1, tmrTimeout,
                     {[this] {
                          exitChecks.append(timer1.isEnabled());
-                         return exiting;
+                         return false;
                      },
                      [this] {
                          ++walks;
@@ -43,39 +26,32 @@ public:
                      },
                      [this](qint16 s) {
                          seconds.append(s);
-                         if (timeoutWalk)
-                             timeoutWalk();
                      }})
     {}
 
-    // Start-up: the direct tick at the end of loading the tree, then the stored interval.
+    // The direct tick at the end of loading the tree, then the stored interval.
     void start()
     {
         scheduler.Timer1_Timer();
         scheduler.UpdatePollInterval();
     }
-    // Fires Timer1 and tells whether the tick walked the tree.
-    bool tick()
+    bool tick() // whether the tick walked the tree
     {
         const int before = walks;
         timer1.fire();
         return walks > before;
     }
-    // Ticks until a walk; answers how many ticks that took.
-    int cycle()
+    int cycle() // how many ticks until a walk
     {
-        for (int ticks = 1; ticks <= 1000; ++ticks) {
+        for (int ticks = 1; ticks <= 1000; ++ticks)
             if (tick())
                 return ticks;
-        }
         return -1;
     }
 
-    BrittleTimer timer1{200, false};
-    BrittleTimer tmrTimeout{0, false};
-    bool exiting = false;
+    FakeTimer timer1{200, false};
+    FakeTimer tmrTimeout{0, false};
     std::function<void()> walk;
-    std::function<void()> timeoutWalk;
     int walks = 0;
     bool timersDuringWalk = false;
     // Timer1's enabled state at each CheckExit.
@@ -93,9 +69,6 @@ protected:
             WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, "PollInterval", REG_DWORD, milliseconds), 0);
         ApplicationOptions::process() = ApplicationOptions();
     }
-
-    QString boxTitle(qsizetype index) const { return m_dialogs->boxes().value(index).title; }
-    QString boxText(qsizetype index) const { return m_dialogs->boxes().value(index).text; }
 };
 
 TEST_F(PollSchedulerTest, StartUpPollsOnceThenAppliesTheStoredIntervalWhenItDiffers)
@@ -108,43 +81,35 @@ TEST_F(PollSchedulerTest, StartUpPollsOnceThenAppliesTheStoredIntervalWhenItDiff
     EXPECT_EQ(rig.exitChecks, (QList<bool>{false, true})); // before the walk and after it
     EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
     EXPECT_EQ(rig.timer1.interval(), 0); // no interval applied yet
-    EXPECT_TRUE(rig.timer1.isEnabled());
-    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
+    EXPECT_TRUE(rig.timer1.isEnabled() && rig.tmrTimeout.isEnabled());
     EXPECT_EQ(rig.tmrTimeout.interval(), 5000);
 
     rig.scheduler.UpdatePollInterval();
-    EXPECT_EQ(rig.scheduler.pollInterval(), 20000);
     EXPECT_EQ(rig.timer1.interval(), 20000);
-    EXPECT_TRUE(rig.timer1.isEnabled());
     const int restarts = rig.timer1.restarts();
     rig.scheduler.UpdatePollInterval();
     EXPECT_EQ(rig.timer1.restarts(), restarts);
 
+    // A new interval in a slice wait takes effect at once.
+    setOption(200000);
+    rig.scheduler.UpdatePollInterval();
+    EXPECT_EQ(rig.timer1.restarts(), restarts + 1);
+    EXPECT_FALSE(rig.tick());
+    EXPECT_FALSE(rig.tick());
+    ASSERT_EQ(rig.scheduler.remainingInterval(), 5000);
+    const int sliced = rig.timer1.restarts();
     setOption(30000);
     rig.scheduler.UpdatePollInterval();
     EXPECT_EQ(rig.timer1.interval(), 30000);
-    EXPECT_EQ(rig.timer1.restarts(), restarts + 1);
+    EXPECT_EQ(rig.timer1.restarts(), sliced + 1);
+    EXPECT_TRUE(rig.timer1.isEnabled());
+    EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
     EXPECT_TRUE(rig.tick());
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 }
 
-TEST_F(PollSchedulerTest, IntervalsUpToOneSlicePollOnEveryTick)
-{
-    for (const qint32 interval : {4000, 20000, 65000}) {
-        setOption(interval);
-        Rig rig;
-        rig.start();
-        EXPECT_EQ(rig.timer1.interval(), interval);
-        EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
-        for (int i = 0; i < 3; ++i)
-            EXPECT_TRUE(rig.tick()) << interval;
-        EXPECT_FALSE(rig.timersDuringWalk) << interval;
-        EXPECT_EQ(rig.timer1.interval(), interval);
-        EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
-    }
-}
-
-TEST_F(PollSchedulerTest, LongIntervalsAreWaitedOutInSlices)
+// Up to one slice every tick polls; longer intervals are waited out in slices.
+TEST_F(PollSchedulerTest, IntervalsAreWaitedOutInSlicesOfAtMostOneTimerPeriod)
 {
     const struct
     {
@@ -154,6 +119,8 @@ TEST_F(PollSchedulerTest, LongIntervalsAreWaitedOutInSlices)
         QList<qint32> periods;
         QList<qint32> remaining;
     } cases[] = {
+        {4000, {true}, {4000}, {-1}},
+        {65000, {true}, {65000}, {-1}},
         {65001, {false, true}, {1, 65000}, {0, 1}},
         {130000, {false, true}, {65000, 65000}, {0, 65000}},
         {200000,
@@ -165,21 +132,16 @@ TEST_F(PollSchedulerTest, LongIntervalsAreWaitedOutInSlices)
         setOption(c.interval);
         Rig rig;
         rig.start();
-        ASSERT_EQ(rig.timer1.interval(), 65000) << c.interval;
-        EXPECT_EQ(rig.scheduler.remainingInterval(), c.interval - 65000) << c.interval;
-        for (int round = 0; round < 2; ++round) {
-            QList<bool> polls;
-            QList<qint32> periods;
-            QList<qint32> remaining;
+        EXPECT_EQ(rig.timer1.interval(), std::min(c.interval, 65000)) << c.interval;
+        EXPECT_EQ(rig.scheduler.remainingInterval(), c.interval > 65000 ? c.interval - 65000 : -1)
+            << c.interval;
+        for (int round = 0; round < 2; ++round)
             for (qsizetype i = 0; i < c.polls.size(); ++i) {
-                polls.append(rig.tick());
-                periods.append(rig.timer1.interval());
-                remaining.append(rig.scheduler.remainingInterval());
+                EXPECT_EQ(rig.tick(), c.polls[i]) << c.interval << " tick " << i;
+                EXPECT_EQ(rig.timer1.interval(), c.periods[i]) << c.interval << " tick " << i;
+                EXPECT_EQ(rig.scheduler.remainingInterval(), c.remaining[i]) << c.interval;
             }
-            EXPECT_EQ(polls, c.polls) << c.interval;
-            EXPECT_EQ(periods, c.periods) << c.interval;
-            EXPECT_EQ(remaining, c.remaining) << c.interval;
-        }
+        EXPECT_FALSE(rig.timersDuringWalk) << c.interval;
         // A tick that only waits asks nothing of the control.
         EXPECT_EQ(rig.exitChecks.size(), 2 + 2 * 2) << c.interval;
     }
@@ -220,49 +182,23 @@ TEST_F(PollSchedulerTest, TimeoutPeriodAndSecondsFollowThePollInterval)
     EXPECT_EQ(rig.timer1.interval(), 20000);
 }
 
-TEST_F(PollSchedulerTest, ANewIntervalInASliceWaitTakesEffectAtOnce)
-{
-    setOption(200000);
-    Rig rig;
-    rig.start();
-    EXPECT_FALSE(rig.tick());
-    EXPECT_FALSE(rig.tick());
-    ASSERT_EQ(rig.scheduler.remainingInterval(), 5000);
-    const int restarts = rig.timer1.restarts();
-
-    setOption(20000);
-    rig.scheduler.UpdatePollInterval();
-    EXPECT_EQ(rig.timer1.interval(), 20000);
-    EXPECT_EQ(rig.timer1.restarts(), restarts + 1);
-    EXPECT_TRUE(rig.timer1.isEnabled());
-    EXPECT_EQ(rig.scheduler.remainingInterval(), -1);
-    EXPECT_TRUE(rig.tick());
-}
-
 TEST_F(PollSchedulerTest, WithPollingOffTheTimersRunOnButTheTreeIsLeftAlone)
 {
     setOption(130000);
     Rig rig;
     rig.start();
-    const int restarts = rig.timer1.restarts();
     rig.scheduler.DoDisablePolling();
-    EXPECT_TRUE(rig.scheduler.pollingDisabled());
-    EXPECT_EQ(rig.timer1.restarts(), restarts);
-
     rig.tmrTimeout.setInterval(1);
     EXPECT_FALSE(rig.tick());
-    EXPECT_EQ(rig.scheduler.remainingInterval(), 0);
     EXPECT_FALSE(rig.tick());
-    EXPECT_EQ(rig.scheduler.remainingInterval(), 65000);
+    // The cycle's tick ran, only without the walk.
     EXPECT_EQ(rig.tmrTimeout.interval(), 5000);
-    EXPECT_TRUE(rig.timer1.isEnabled());
-    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
-    EXPECT_EQ(rig.exitChecks.size(), 4); // the cycle's tick ran, only without the walk
+    EXPECT_TRUE(rig.timer1.isEnabled() && rig.tmrTimeout.isEnabled());
+    EXPECT_EQ(rig.exitChecks.size(), 4);
     EXPECT_TRUE(rig.tmrTimeout.fire());
     EXPECT_TRUE(rig.seconds.isEmpty());
 
     rig.scheduler.DoEnablePolling();
-    EXPECT_FALSE(rig.scheduler.pollingDisabled());
     EXPECT_TRUE(rig.tmrTimeout.fire());
     EXPECT_EQ(rig.seconds, QList<qint16>{5});
     EXPECT_EQ(rig.cycle(), 2);
@@ -278,10 +214,10 @@ TEST_F(PollSchedulerTest, AFailedWalkIsShownAndTheTimersStartAgain)
     };
     EXPECT_TRUE(rig.tick());
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(boxTitle(0), QStringLiteral("AddInControl - ProcessComponents - Korvex Vigil"));
-    EXPECT_EQ(boxText(0), QStringLiteral("Object not set - 91"));
-    EXPECT_TRUE(rig.timer1.isEnabled());
-    EXPECT_TRUE(rig.tmrTimeout.isEnabled());
+    EXPECT_EQ(m_dialogs->boxes()[0].title,
+              QStringLiteral("AddInControl - ProcessComponents - Korvex Vigil"));
+    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Object not set - 91"));
+    EXPECT_TRUE(rig.timer1.isEnabled() && rig.tmrTimeout.isEnabled());
     EXPECT_EQ(rig.exitChecks.size(), 4);
 
     // A failure that stays comes back every cycle.
@@ -291,5 +227,4 @@ TEST_F(PollSchedulerTest, AFailedWalkIsShownAndTheTimersStartAgain)
     EXPECT_TRUE(rig.tick());
     EXPECT_EQ(m_dialogs->boxes().size(), 2);
 }
-
 } // namespace

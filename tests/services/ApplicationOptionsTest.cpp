@@ -11,22 +11,15 @@ namespace {
 class ApplicationOptionsTest : public ServicesFixture
 {
 protected:
-    static void storeOption(const QString& name, qint32 value)
+    static void storeOption(const char* name, qint32 value)
     {
         ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, name, REG_DWORD, value), 0);
     }
 
-    static QVariant storedOption(const QString& name)
+    static QVariant storedOption(const char* name)
     {
         QVariant value;
         return ReadValue(HKEY_LOCAL_MACHINE, OptionsKey, name, value) == 0 ? value : QVariant();
-    }
-
-    static void storeBrand(const QString& root, const QString& name, const QString& word)
-    {
-        ASSERT_EQ(
-            WriteValue(HKEY_LOCAL_MACHINE, root + QStringLiteral("\\Branding"), name, REG_SZ, word),
-            0);
     }
 
     ApplicationOptions m_options;
@@ -42,53 +35,50 @@ TEST_F(ApplicationOptionsTest, AnEmptyStoreGivesTheDefaultsAndTheLoadWritesNothi
               SettingsStore::FileNotFound);
 
     m_options.saveOptions();
-    EXPECT_EQ(storedOption(QStringLiteral("TreeIconSize")), QVariant(0));
-    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(20000));
-    EXPECT_FALSE(storedOption(QStringLiteral("PrintsRemainingInkLowLimit")).isValid());
+    EXPECT_EQ(storedOption("TreeIconSize"), QVariant(0));
+    EXPECT_EQ(storedOption("PollInterval"), QVariant(20000));
+    EXPECT_FALSE(storedOption("PrintsRemainingInkLowLimit").isValid());
 }
 
 TEST_F(ApplicationOptionsTest, TheIntervalIsClampedInMemoryAndSavedOnlyBySave)
 {
-    storeOption(QStringLiteral("PollInterval"), 1000);
-    storeOption(QStringLiteral("TreeIconSize"), 3);
-    storeOption(QStringLiteral("PrintsRemainingInkLowLimit"), 250);
+    storeOption("PollInterval", 1000);
+    storeOption("TreeIconSize", 3);
+    storeOption("PrintsRemainingInkLowLimit", 250);
     EXPECT_EQ(m_options.getPollInterval(), 4000);
     EXPECT_EQ(m_options.getPrintsRemainingInkLowLimit(), 250);
-    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(1000));
+    EXPECT_EQ(storedOption("PollInterval"), QVariant(1000));
 
     m_options.saveOptions();
-    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(4000));
-    EXPECT_EQ(storedOption(QStringLiteral("TreeIconSize")), QVariant(3));
-    EXPECT_EQ(storedOption(QStringLiteral("PrintsRemainingInkLowLimit")), QVariant(250));
+    EXPECT_EQ(storedOption("PollInterval"), QVariant(4000));
+    EXPECT_EQ(storedOption("TreeIconSize"), QVariant(3));
+    EXPECT_EQ(storedOption("PrintsRemainingInkLowLimit"), QVariant(250));
 
-    storeOption(QStringLiteral("PollInterval"), 100000000);
+    storeOption("PollInterval", 100000000);
     EXPECT_EQ(m_options.getPollInterval(), 65000000); // the save made the next call read anew
 
     EXPECT_EQ(m_options.setPollIntervalOption(3999), 4000);
     EXPECT_EQ(m_options.setPollIntervalOption(65000001), 65000000);
     EXPECT_EQ(m_options.setPollIntervalOption(4500), 4500);
     EXPECT_EQ(m_options.getPollInterval(), 4500);
-    EXPECT_EQ(storedOption(QStringLiteral("PollInterval")), QVariant(100000000));
+    EXPECT_EQ(storedOption("PollInterval"), QVariant(100000000));
 }
 
 TEST_F(ApplicationOptionsTest, ErrorBoxesCarryTheContextAndTheBrandedTitle)
 {
-    EXPECT_EQ(GetErrorTitle(QString()), QStringLiteral("Korvex Vigil"));
     ShowError(QStringLiteral("Disk full - 61"), QStringLiteral("AddInControl - Save"));
-    ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_EQ(m_dialogs->boxes()[0].title, QStringLiteral("AddInControl - Save - Korvex Vigil"));
-    EXPECT_EQ(m_dialogs->boxes()[0].text, QStringLiteral("Disk full - 61"));
-    EXPECT_EQ(m_dialogs->boxes()[0].icon, IDialogs::Icon::Warning);
-    EXPECT_EQ(m_dialogs->boxes()[0].buttons, IDialogs::Buttons::Ok);
-
-    // An error trap shows the error's description and number.
     ShowTrappedError(VigilError(0x80040201, QStringLiteral("clsLBXHandler"),
                                 QStringLiteral("The label application is not running")),
                      QStringLiteral("AddInControl - UserControl_Initialize"));
-    ASSERT_EQ(m_dialogs->boxes().size(), 2);
-    EXPECT_EQ(m_dialogs->boxes()[1].text,
-              QStringLiteral("The label application is not running - -2147220991"));
-    EXPECT_EQ(m_dialogs->boxes()[1].title,
+    const auto& boxes = m_dialogs->boxes();
+    ASSERT_EQ(boxes.size(), 2);
+    EXPECT_EQ(boxes[0].title, QStringLiteral("AddInControl - Save - Korvex Vigil"));
+    EXPECT_EQ(boxes[0].text, QStringLiteral("Disk full - 61"));
+    EXPECT_EQ(boxes[0].icon, IDialogs::Icon::Warning);
+    EXPECT_EQ(boxes[0].buttons, IDialogs::Buttons::Ok);
+    // A trapped error shows its description and number.
+    EXPECT_EQ(boxes[1].text, QStringLiteral("The label application is not running - -2147220991"));
+    EXPECT_EQ(boxes[1].title,
               QStringLiteral("AddInControl - UserControl_Initialize - Korvex Vigil"));
 }
 
@@ -98,15 +88,14 @@ TEST_F(ApplicationOptionsTest, AStoreThatCannotBeUsedIsNamedOnceAndTheProgramGoe
     const QString broken = m_home.filePath(QStringLiteral("broken.sqlite"));
     qputenv("VIGIL_STORE", QFile::encodeName(broken));
     SettingsStore::install(nullptr);
-
     EXPECT_EQ(GetPollInterval(), 20000);
     SaveOptions();
     EXPECT_EQ(GetPollInterval(), 20000);
     qunsetenv("VIGIL_STORE");
 
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
-    EXPECT_TRUE(m_dialogs->boxes()[0].text.contains(broken))
-        << m_dialogs->boxes()[0].text.toStdString();
-    EXPECT_TRUE(m_dialogs->boxes()[0].text.contains(QStringLiteral("not a settings store")));
+    const QString text = m_dialogs->boxes()[0].text;
+    EXPECT_TRUE(text.contains(broken) && text.contains("not a settings store"))
+        << text.toStdString();
 }
 } // namespace

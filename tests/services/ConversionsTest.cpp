@@ -32,36 +32,33 @@ TEST(Conversions, IsNumericAndNumericValue)
     EXPECT_FALSE(NumericValue(QStringLiteral("x")).has_value());
 }
 
-TEST(Conversions, ToLongRoundsHalfToEven)
+TEST(Conversions, ToLongRoundsHalfToEvenAndRaisesTypeMismatchAndOverflow)
 {
-    EXPECT_EQ(ToLong(0.5), 0);
-    EXPECT_EQ(ToLong(1.5), 2);
-    EXPECT_EQ(ToLong(2.5), 2);
-    EXPECT_EQ(ToLong(3.5), 4);
-    EXPECT_EQ(ToLong(-2.5), -2);
-    EXPECT_EQ(ToLong(2.6), 3);
-    EXPECT_EQ(ToLong(QStringLiteral("2.5")), 2);
-    EXPECT_EQ(ToLong(QStringLiteral(" 17 ")), 17);
-    EXPECT_EQ(ToLong(42), 42);
-}
-
-TEST(Conversions, ToLongRaisesTypeMismatchAndOverflow)
-{
-    EXPECT_EQ(errorOf(QStringLiteral("abc")), VigilError::TypeMismatch);
-    EXPECT_EQ(errorOf(QString()), VigilError::TypeMismatch);
-    EXPECT_EQ(VigilError::TypeMismatch, 13);
-
     constexpr qint32 max = std::numeric_limits<qint32>::max();
     constexpr qint32 min = std::numeric_limits<qint32>::min();
-    EXPECT_EQ(ToLong(double(max)), max);
-    EXPECT_EQ(ToLong(double(min)), min);
-    EXPECT_EQ(ToLong(QStringLiteral("-2147483648")), min);
     // Rounds to the even neighbour first: -2147483648.5 stays in range, 2147483647.5 doesn't.
-    EXPECT_EQ(ToLong(-2147483648.5), min);
-    EXPECT_EQ(errorOf(2147483647.5), VigilError::Overflow);
-    EXPECT_EQ(errorOf(2147483648.0), VigilError::Overflow);
-    EXPECT_EQ(errorOf(-2147483649.0), VigilError::Overflow);
-    EXPECT_EQ(errorOf(QStringLiteral("2147483648")), VigilError::Overflow);
-    EXPECT_EQ(errorOf(qint64(1) << 32), VigilError::Overflow);
-    EXPECT_EQ(VigilError::Overflow, 6);
+    const std::pair<QVariant, qint32> values[] = {
+        {0.5, 0},
+        {1.5, 2},
+        {2.5, 2},
+        {3.5, 4},
+        {-2.5, -2},
+        {2.6, 3},
+        {"2.5", 2},
+        {" 17 ", 17},
+        {42, 42},
+        {double(max), max},
+        {double(min), min},
+        {"-2147483648", min},
+        {-2147483648.5, min},
+    };
+    for (const auto& [value, expected] : values)
+        EXPECT_EQ(ToLong(value), expected) << value.toString().toStdString();
+
+    EXPECT_EQ(errorOf(QStringLiteral("abc")), VigilError::TypeMismatch);
+    EXPECT_EQ(errorOf(QString()), VigilError::TypeMismatch);
+    for (const QVariant& value :
+         {QVariant(2147483647.5), QVariant(2147483648.0), QVariant(-2147483649.0),
+          QVariant("2147483648"), QVariant(qint64(1) << 32)})
+        EXPECT_EQ(errorOf(value), VigilError::Overflow) << value.toString().toStdString();
 }

@@ -12,13 +12,17 @@ namespace {
 const QString SourceDir = QStringLiteral(VIGIL_SOURCE_DIR);
 constexpr int HighestId = 475;
 
+QString readText(const QString& path)
+{
+    QFile file(SourceDir + path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 QStringList linesOf(const QString& language)
 {
-    QFile file(SourceDir + QStringLiteral("/resources/MSG%1/Vigil.msg").arg(language));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-    if (!lines.isEmpty() && lines.last().isEmpty())
+    QStringList lines =
+        readText(QStringLiteral("/resources/MSG%1/Vigil.msg").arg(language)).split('\n');
+    if (lines.last().isEmpty())
         lines.removeLast();
     return lines;
 }
@@ -43,14 +47,9 @@ std::map<int, QString> idsUsedInCode()
         QDirIterator files(SourceDir + QLatin1String(folder), {"*.cpp", "*.h"}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext()) {
-            QFile file(files.next());
-            if (!file.open(QIODevice::ReadOnly))
-                continue;
-            for (const auto& match : use.globalMatch(QString::fromUtf8(file.readAll()))) {
-                const QString id =
-                    match.captured(1).isEmpty() ? match.captured(2) : match.captured(1);
-                ids.emplace(id.toInt(), file.fileName());
-            }
+            const QString path = files.next().mid(SourceDir.size());
+            for (const auto& match : use.globalMatch(readText(path)))
+                ids.emplace((match.captured(1) + match.captured(2)).toInt(), path);
         }
     }
     return ids;
@@ -81,13 +80,9 @@ std::map<int, int> rolesTable()
     static const QRegularExpression row(
         QStringLiteral("^\\|\\s*(\\d+)\\s*\\|.*\\|\\s*(\\d+)\\s*\\|$"));
     std::map<int, int> roles;
-    QFile file(SourceDir + QStringLiteral("/docs/message-roles.md"));
-    if (!file.open(QIODevice::ReadOnly))
-        return roles;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
+    for (const QString& line : readText(QStringLiteral("/docs/message-roles.md")).split('\n'))
         if (const auto match = row.match(line.trimmed()); match.hasMatch())
             roles.emplace(match.captured(1).toInt(), match.captured(2).toInt());
-    }
     return roles;
 }
 
@@ -109,15 +104,12 @@ TEST(MessageFiles, EachRoleHasATextWithAMarkForEachArgument)
         EXPECT_TRUE(english[i].isEmpty() || roles.count(int(i + 1))) << "message " << i + 1;
 }
 
+// German has the same empty lines as English (checked above), so English suffices here.
 TEST(MessageFiles, EveryIdTheCodeUsesHasAText)
 {
     const QStringList english = linesOf(QStringLiteral("en"));
-    const QStringList german = linesOf(QStringLiteral("de"));
-    for (const auto& [id, file] : idsUsedInCode()) {
+    for (const auto& [id, file] : idsUsedInCode())
         EXPECT_FALSE(english.value(id - 1).isEmpty())
             << "message " << id << " used in " << file.toStdString();
-        EXPECT_FALSE(german.value(id - 1).isEmpty())
-            << "message " << id << " used in " << file.toStdString();
-    }
 }
 } // namespace

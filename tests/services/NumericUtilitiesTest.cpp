@@ -9,7 +9,6 @@ TEST(NumericUtilities, BoundsAndRaiseToMax)
     EXPECT_EQ(MinLong(-3, 2), -3);
     EXPECT_FLOAT_EQ(MaxSingle(1.5f, -2.5f), 1.5f);
     EXPECT_FLOAT_EQ(MinSingle(1.5f, -2.5f), -2.5f);
-
     qint32 level = 5;
     RaiseToMax(level, 3);
     EXPECT_EQ(level, 5);
@@ -17,11 +16,10 @@ TEST(NumericUtilities, BoundsAndRaiseToMax)
     EXPECT_EQ(level, 8);
 }
 
-TEST(NumericUtilities, BytesToLongIsLittleEndian)
+TEST(NumericUtilities, BytesToLongIsLittleEndianWithoutSignExtendingShortInput)
 {
     EXPECT_EQ(BytesToLong(QByteArray("\x01\x02", 2)), 513);
     EXPECT_EQ(BytesToLong(QByteArray("\x78\x56\x34\x12", 4)), 0x12345678);
-    // A high byte on its own is not sign-extended.
     EXPECT_EQ(BytesToLong(QByteArray("\xFF", 1)), 255);
     EXPECT_EQ(BytesToLong(QByteArray("\xFF\x80", 2)), 0x80FF);
     EXPECT_EQ(BytesToLong(QByteArray("\xFF\xFF\xFF\xFF", 4)), -1);
@@ -31,9 +29,8 @@ TEST(NumericUtilities, BytesToLongIsLittleEndian)
 
 TEST(NumericUtilities, CombineDateTimeTakesDayFromFirstAndTimeFromSecond)
 {
-    const QDateTime day(QDate(2024, 2, 29), QTime(23, 59, 58));
-    const QDateTime clock(QDate(1999, 12, 31), QTime(6, 7, 8, 900));
-    const QDateTime combined = CombineDateTime(day, clock);
+    const QDateTime combined = CombineDateTime(QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58)),
+                                               QDateTime(QDate(1999, 12, 31), QTime(6, 7, 8, 900)));
     EXPECT_EQ(combined.date(), QDate(2024, 2, 29));
     EXPECT_EQ(combined.time(), QTime(6, 7, 8));
 }

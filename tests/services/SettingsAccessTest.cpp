@@ -5,6 +5,7 @@
 
 namespace {
 const QString OptionsKey = QStringLiteral("Software\\Orvane\\Vigil\\Options\\");
+const QString K = QStringLiteral("K");
 
 class SettingsAccessTest : public ServicesFixture
 {
@@ -17,47 +18,45 @@ protected:
             store().closeKey(key);
         return found;
     }
+
+    // What ReadValue finds, or an invalid value when it fails.
+    static QVariant stored(qint32 hive, const QString& key, const QString& name)
+    {
+        QVariant value;
+        return ReadValue(hive, key, name, value) == 0 ? value : QVariant();
+    }
 };
 
 TEST_F(SettingsAccessTest, NewerReadTakesTheDefaultAndWritesItBackOnlyWhenAsked)
 {
     QVariant value;
-    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
-                              QStringLiteral("PollInterval"), value, 20000, false),
-              0);
-    EXPECT_EQ(value, QVariant(20000));
-    EXPECT_FALSE(keyExists(HKEY_LOCAL_MACHINE, OptionsKey));
-
-    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
-                              QStringLiteral("PollInterval"), value, 20000, true),
-              0);
-    QVariant stored;
-    ASSERT_EQ(ReadValue(HKEY_LOCAL_MACHINE, OptionsKey, QStringLiteral("pollinterval"), stored), 0);
-    EXPECT_EQ(stored, QVariant(20000));
-
+    for (const bool writeDefault : {false, true}) {
+        EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
+                                  QStringLiteral("PollInterval"), value, 20000, writeDefault),
+                  0);
+        EXPECT_EQ(value, QVariant(20000));
+        EXPECT_EQ(stored(HKEY_LOCAL_MACHINE, OptionsKey, "pollinterval"),
+                  writeDefault ? QVariant(20000) : QVariant());
+    }
     // A stored value wins over the default, and texts come back as texts.
-    ASSERT_EQ(WriteValue(HKEY_CURRENT_USER, QStringLiteral("K"), QStringLiteral("T"), REG_SZ,
-                         QStringLiteral("Grüße aus Köln")),
+    const QString text = QStringLiteral("Grüße aus Köln");
+    ASSERT_EQ(WriteValue(HKEY_CURRENT_USER, K, QStringLiteral("T"), REG_SZ, text), 0);
+    EXPECT_EQ(TransferValueEx(HKEY_CURRENT_USER, K, TransferRead, REG_SZ, QStringLiteral("t"),
+                              value, QStringLiteral("default"), true),
               0);
-    EXPECT_EQ(TransferValueEx(HKEY_CURRENT_USER, QStringLiteral("K"), TransferRead, REG_SZ,
-                              QStringLiteral("t"), value, QStringLiteral("default"), true),
-              0);
-    EXPECT_EQ(value, QVariant(QStringLiteral("Grüße aus Köln")));
+    EXPECT_EQ(value, QVariant(text));
 }
 
 TEST_F(SettingsAccessTest, AValueOfAnotherTypeCountsAsMissing)
 {
     SettingsStore::Handle key = 0;
-    ASSERT_EQ(store().createKey(SettingsStore::MachineHive, QStringLiteral("K"), key), 0);
+    ASSERT_EQ(store().createKey(SettingsStore::MachineHive, K, key), 0);
     ASSERT_EQ(store().setValue(key, QStringLiteral("Blob"), 3, QByteArray("\x01\x02", 2)), 0);
 
     QVariant value;
-    EXPECT_EQ(ApiRegQueryValueExNull(HKEY_LOCAL_MACHINE, QStringLiteral("K"),
-                                     QStringLiteral("Blob"), value),
-              -1);
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("Blob"), value),
-              -1);
-    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, QStringLiteral("K"), TransferRead, REG_DWORD,
+    EXPECT_EQ(ApiRegQueryValueExNull(HKEY_LOCAL_MACHINE, K, QStringLiteral("Blob"), value), -1);
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, K, QStringLiteral("Blob"), value), -1);
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, K, TransferRead, REG_DWORD,
                               QStringLiteral("Blob"), value, 7, false),
               0);
     EXPECT_EQ(value, QVariant(7));
@@ -77,11 +76,8 @@ TEST_F(SettingsAccessTest, OlderReadLeavesTheCallersValueUnlessItWritesTheDefaul
                             QStringLiteral("Software\\Elsewhere")),
               0);
     EXPECT_EQ(value, QVariant(QStringLiteral("dflt")));
-    QVariant stored;
-    EXPECT_EQ(ReadValue(HKEY_CURRENT_USER, QStringLiteral("Software\\Orvane\\Vigil\\Section"),
-                        QStringLiteral("Name"), stored),
-              0);
-    EXPECT_EQ(stored, QVariant(QStringLiteral("dflt")));
+    EXPECT_EQ(stored(HKEY_CURRENT_USER, QStringLiteral("Software\\Orvane\\Vigil\\Section"), "Name"),
+              QVariant(QStringLiteral("dflt")));
     EXPECT_FALSE(keyExists(HKEY_CURRENT_USER, QStringLiteral("Software\\Elsewhere")));
 
     // A write goes to root, backslash, section.
@@ -89,19 +85,17 @@ TEST_F(SettingsAccessTest, OlderReadLeavesTheCallersValueUnlessItWritesTheDefaul
     EXPECT_EQ(TransferValue(TransferWrite, false, QStringLiteral("Options"), QStringLiteral("N"),
                             REG_DWORD, 0, value, false),
               0);
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, OptionsKey, QStringLiteral("N"), stored), 0);
-    EXPECT_EQ(stored, QVariant(5));
+    EXPECT_EQ(stored(HKEY_LOCAL_MACHINE, OptionsKey, "N"), QVariant(5));
 }
 
 TEST_F(SettingsAccessTest, ANumberThatIsNotOneRaisesOrShowsTheNewerBox)
 {
-    EXPECT_THROW(WriteValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("N"), REG_DWORD,
-                            QStringLiteral("abc")),
+    EXPECT_THROW(WriteValue(HKEY_LOCAL_MACHINE, K, QStringLiteral("N"), REG_DWORD, "abc"),
                  VigilError);
 
     QVariant value = QStringLiteral("abc");
-    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, QStringLiteral("K"), TransferWrite, REG_DWORD,
-                              QStringLiteral("N"), value, 0, false),
+    EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, K, TransferWrite, REG_DWORD, QStringLiteral("N"),
+                              value, 0, false),
               0);
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
     EXPECT_EQ(m_dialogs->boxes()[0].title, QStringLiteral("TransferValueEx"));
@@ -110,9 +104,8 @@ TEST_F(SettingsAccessTest, ANumberThatIsNotOneRaisesOrShowsTheNewerBox)
     EXPECT_EQ(value, QVariant(QStringLiteral("abc")));
 
     // Other types write nothing and succeed.
-    EXPECT_EQ(WriteValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("B"), 3, 1), 0);
-    QVariant stored;
-    EXPECT_NE(ReadValue(HKEY_LOCAL_MACHINE, QStringLiteral("K"), QStringLiteral("B"), stored), 0);
+    EXPECT_EQ(WriteValue(HKEY_LOCAL_MACHINE, K, QStringLiteral("B"), 3, 1), 0);
+    EXPECT_FALSE(stored(HKEY_LOCAL_MACHINE, K, "B").isValid());
 }
 
 TEST_F(SettingsAccessTest, EnumSubKeysListsBehindALeadingEmptyName)
@@ -126,27 +119,22 @@ TEST_F(SettingsAccessTest, EnumSubKeysListsBehindALeadingEmptyName)
     EXPECT_EQ(names, QStringList{QString()});
 
     for (const char* id : {"ID200001011200", "GP200001011200"})
-        ASSERT_EQ(CreateKey(DefaultRootKey + QStringLiteral("\\Printers\\") + QLatin1String(id),
-                            HKEY_LOCAL_MACHINE),
-                  0);
+        ASSERT_EQ(CreateKey(DefaultRootKey + "\\Printers\\" + id, HKEY_LOCAL_MACHINE), 0);
     EXPECT_TRUE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QStringLiteral("printers")));
     EXPECT_EQ(names, (QStringList{QString(), "GP200001011200", "ID200001011200"}));
 }
 
 TEST_F(SettingsAccessTest, WithoutAStoreReadsTakeDefaultsAndWritesFail)
 {
-    const QString notAStore = m_home.filePath(QStringLiteral("junk"));
     writeFile(QStringLiteral("junk"), QByteArray(8192, 'j'));
-    SettingsStore::install(std::make_shared<SettingsStore>(notAStore));
+    SettingsStore::install(std::make_shared<SettingsStore>(m_home.filePath("junk")));
 
     QVariant value;
     EXPECT_EQ(TransferValueEx(HKEY_LOCAL_MACHINE, OptionsKey, TransferRead, REG_DWORD,
                               QStringLiteral("PollInterval"), value, 20000, true),
               0);
     EXPECT_EQ(value, QVariant(20000));
-    EXPECT_NE(
-        WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, QStringLiteral("PollInterval"), REG_DWORD, 5000),
-        0);
+    EXPECT_NE(WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, "PollInterval", REG_DWORD, 5000), 0);
     QStringList names;
     EXPECT_FALSE(EnumSubKeys(HKEY_LOCAL_MACHINE, names, QString()));
 }

@@ -46,28 +46,23 @@ TEST(TextUtilities, FindFormatName)
 
 TEST(TextUtilities, ParseDottedQuad)
 {
-    std::array<qint32, 4> parts{-1, -1, -1, -1};
-    ASSERT_TRUE(ParseDottedQuad(QStringLiteral("192.168.10.254"), parts));
-    EXPECT_EQ(parts, (std::array<qint32, 4>{192, 168, 10, 254}));
-
-    parts.fill(-1);
-    EXPECT_TRUE(ParseDottedQuad(QStringLiteral(" 10 . 0 .0. 7 "), parts));
-    EXPECT_EQ(parts, (std::array<qint32, 4>{10, 0, 0, 7}));
-
-    parts.fill(-1);
-    EXPECT_TRUE(ParseDottedQuad(QStringLiteral("1.2.3.4.junk"), parts));
-    EXPECT_EQ(parts, (std::array<qint32, 4>{1, 2, 3, 4}));
-
-    // Stops at the first bad part; the parts before it are already stored.
-    parts.fill(-1);
-    EXPECT_FALSE(ParseDottedQuad(QStringLiteral("10.20.x.40"), parts));
-    EXPECT_EQ(parts, (std::array<qint32, 4>{10, 20, -1, -1}));
-
-    parts.fill(-1);
-    EXPECT_FALSE(ParseDottedQuad(QStringLiteral("10..30.40"), parts));
-    EXPECT_EQ(parts, (std::array<qint32, 4>{10, -1, -1, -1}));
-
-    parts.fill(-1);
-    EXPECT_FALSE(ParseDottedQuad(QStringLiteral("10.20.30"), parts));
-    EXPECT_EQ(parts, (std::array<qint32, 4>{10, 20, 30, -1}));
+    const struct
+    {
+        const char* text;
+        bool ok;
+        std::array<qint32, 4> parts;
+    } cases[] = {
+        {"192.168.10.254", true, {192, 168, 10, 254}},
+        {" 10 . 0 .0. 7 ", true, {10, 0, 0, 7}},
+        {"1.2.3.4.junk", true, {1, 2, 3, 4}},
+        // Stops at the first bad part; the parts before it are already stored.
+        {"10.20.x.40", false, {10, 20, -1, -1}},
+        {"10..30.40", false, {10, -1, -1, -1}},
+        {"10.20.30", false, {10, 20, 30, -1}},
+    };
+    for (const auto& c : cases) {
+        std::array<qint32, 4> parts{-1, -1, -1, -1};
+        EXPECT_EQ(ParseDottedQuad(QLatin1String(c.text), parts), c.ok) << c.text;
+        EXPECT_EQ(parts, c.parts) << c.text;
+    }
 }

@@ -1,32 +1,13 @@
 #include "sim/CSeriesEngine.h"
 
-#include "sim/SimPrinter.h"
-
-#include <QTimeZone>
-#include <gtest/gtest.h>
+#include "EngineTestSupport.h"
 
 namespace {
-// Wednesday 5 September 2007, when each printer here first hears from anyone.
-const QDateTime kOn(QDate(2007, 9, 5), QTime(14, 7, 30), QTimeZone::utc());
-
 const QByteArray kNak("\x15");
-const QByteArray kAck("\x06");
-const QByteArray kEnd("\xFE");
 
 std::unique_ptr<CSeriesEngine> engineOf(const QString& query = {})
 {
-    QString error;
-    const std::optional<SimKnobs> knobs = SimKnobs::fromQuery(query, error);
-    const std::optional<CSeriesSettings> settings =
-        knobs ? CSeriesSettings::read(*knobs, error) : std::nullopt;
-    EXPECT_TRUE(settings) << query.toStdString() << ": " << error.toStdString();
-    return settings ? std::make_unique<CSeriesEngine>(*settings) : nullptr;
-}
-
-// Each test's printer is switched on at kOn; later calls say how many seconds on they are.
-QList<QByteArray> send(CSeriesEngine& engine, const QByteArray& bytes, qint64 secondsOn = 0)
-{
-    return engine.receive(bytes, kOn.addSecs(secondsOn));
+    return makeEngine<CSeriesEngine, CSeriesSettings>(query);
 }
 
 QByteArray statusWith(const QByteArray& date, const QByteArray& time, const QByteArray& ink)
@@ -62,11 +43,9 @@ TEST(CSeriesRepliesTest, TheStatusReportHasEveryKeyEndedBy13AndThen254)
 TEST(CSeriesRepliesTest, TheErrorLogListsLinesWithTheirDatesAndFallsBackAtTheWrap)
 {
     const auto empty = engineOf();
-    ASSERT_TRUE(empty);
-    EXPECT_EQ(send(*empty, "\x1D"), QList<QByteArray>{kNak});
-
     const auto plain = engineOf("errors=3");
-    ASSERT_TRUE(plain);
+    ASSERT_TRUE(empty && plain);
+    EXPECT_EQ(send(*empty, "\x1D"), QList<QByteArray>{kNak});
     EXPECT_EQ(send(*plain, "\x1D"), QList<QByteArray>{"Ink pressure low 04/09/2007 17:45:51\n"
                                                       "Solvent level low 05/09/2007 00:33:04\n"
                                                       "Ink level low 05/09/2007 07:20:17\n"
@@ -107,11 +86,7 @@ TEST(CSeriesActionsTest, SetClockMovesTheClockTheStatusShowsWhichThenRunsOn)
     const auto engine = engineOf();
     ASSERT_TRUE(engine);
     // Sunday 2 March 2025, 06:05: nothing comes back.
-    EXPECT_TRUE(send(*engine,
-                     "\x14"
-                     "7030220250605",
-                     10)
-                    .isEmpty());
+    EXPECT_TRUE(send(*engine, QByteArray("\x14") + "7030220250605", 10).isEmpty());
     EXPECT_EQ(send(*engine, "\x0E", 10),
               QList<QByteArray>{statusWith("02/03/2025", "06:05:00", "099")});
     EXPECT_EQ(send(*engine, "\x0E", 100),
@@ -119,8 +94,7 @@ TEST(CSeriesActionsTest, SetClockMovesTheClockTheStatusShowsWhichThenRunsOn)
     // The error log's dates are on the printer's clock too.
     const auto logged = engineOf("errors=1");
     ASSERT_TRUE(logged);
-    send(*logged, "\x14"
-                  "3090520071507");
+    send(*logged, QByteArray("\x14") + "3090520071507");
     EXPECT_EQ(send(*logged, "\x1D"),
               QList<QByteArray>{"Ink pressure low 05/09/2007 08:19:47\n\xFE"});
 }
@@ -133,41 +107,27 @@ TEST(CSeriesFaultKnobsTest, NakAndSohReplaceAReplyAndTheCommandDoesNothing)
 
     const auto refusing = engineOf("nak=9&soh=20");
     ASSERT_TRUE(refusing);
-    EXPECT_EQ(send(*refusing, "\x09"
-                              "BESTBY\r\x10"),
+    EXPECT_EQ(send(*refusing, QByteArray("\x09") + "BESTBY\r\x10"),
               QList<QByteArray>({kNak, "\xCCINE1\r"}));
     // A command that is otherwise answered by nothing is answered by SOH.
-    EXPECT_EQ(send(*refusing, "\x14"
-                              "7030220250605\x0E"),
+    EXPECT_EQ(send(*refusing, QByteArray("\x14") + "7030220250605\x0E"),
               QList<QByteArray>({"\x01", statusWith("05/09/2007", "14:07:30", "099")}));
 }
 
 TEST(CSeriesInputTest, ACommandSplitAcrossFragmentsIsAnsweredOnceWhole)
 {
-    const QByteArray round("\x0E\x80\x1D\x18\x10\x15\x19");
-    const QByteArray actions = "\x14"
-                               "3090520071407" +
-                               QByteArray("\x11\x00\x07\x15", 4) +
-                               "\x09"
-                               "BATCH07\r"
-                               "\x13"
-                               "A06:00B14:00C22:00D23:00" +
-                               round;
+    const QByteArray actions = QByteArray("\x14") + "3090520071407" +
+                               QByteArray("\x11\x00\x07\x15\x09", 5) + "BATCH07\r" + "\x13" +
+                               "A06:00B14:00C22:00D23:00" + "\x0E\x80\x1D\x18\x10\x15\x19";
     const auto whole = engineOf("errors=2");
     const auto byteByByte = engineOf("errors=2");
     ASSERT_TRUE(whole && byteByByte);
-    const QList<QByteArray> expected = send(*whole, actions);
+    const QList<QByteArray> replies = sentWholeAndByteByByte(*whole, *byteByByte, actions);
     // The count read back, the ACK, then the seven replies of a round.
-    ASSERT_EQ(expected.size(), 2 + 7);
-    EXPECT_EQ(expected.at(0), QByteArray("\x07\x00", 2));
-    EXPECT_EQ(expected.at(1), kAck);
-    EXPECT_EQ(expected.at(6), QByteArray("\xC2"
-                                         "ATCH07\r"));
-    QList<QByteArray> replies;
-    for (const char byte : actions)
-        replies += send(*byteByByte, QByteArray(1, byte));
-    EXPECT_EQ(replies, expected);
+    ASSERT_EQ(replies.size(), 2 + 7);
+    EXPECT_EQ(replies.at(0), QByteArray("\x07\x00", 2));
+    EXPECT_EQ(replies.at(1), QByteArray("\x06"));
+    EXPECT_EQ(replies.at(6), QByteArray("\xC2") + "ATCH07\r");
     EXPECT_EQ(byteByByte->state().shifts, whole->state().shifts);
 }
-
 } // namespace

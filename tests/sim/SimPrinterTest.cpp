@@ -1,12 +1,9 @@
 #include "sim/SimPrinter.h"
 
-#include "sim/SimRegistry.h"
-
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -73,8 +70,8 @@ protected:
 
 TEST_F(SimPrinterTest, RepliesComeLaterAsEventsNeverWithinInput)
 {
-    for (const QString& address : QStringList{"echo", "echo?delay=0"}) {
-        const std::unique_ptr<SimPrinter> printer = printerOf(address);
+    for (const QString address : {"echo", "echo?delay=0"}) {
+        const auto printer = printerOf(address);
         ASSERT_TRUE(printer);
         Listener listener(*printer);
         printer->input("ping");
@@ -87,8 +84,7 @@ TEST_F(SimPrinterTest, RepliesComeLaterAsEventsNeverWithinInput)
 
 TEST_F(SimPrinterTest, FragmentsHaveTheGivenSizeAndFollowAGapApart)
 {
-    const std::unique_ptr<SimPrinter> printer =
-        printerOf(QStringLiteral("echo?delay=0&fragment=3&gap=25"));
+    const auto printer = printerOf("echo?delay=0&fragment=3&gap=25");
     ASSERT_TRUE(printer);
     Listener listener(*printer);
     printer->input("abcdefgh");
@@ -105,8 +101,8 @@ TEST_F(SimPrinterTest, FragmentsHaveTheGivenSizeAndFollowAGapApart)
 
 TEST_F(SimPrinterTest, ASilentPrinterSaysNothingWhereAnotherWouldAnswer)
 {
-    const std::unique_ptr<SimPrinter> silent = printerOf(QStringLiteral("echo?silent=yes"));
-    const std::unique_ptr<SimPrinter> talking = printerOf(QStringLiteral("echo?silent=no"));
+    const auto silent = printerOf("echo?silent=yes");
+    const auto talking = printerOf("echo?silent=no");
     ASSERT_TRUE(silent && talking);
     Listener quiet(*silent);
     Listener answered(*talking);
@@ -117,33 +113,5 @@ TEST_F(SimPrinterTest, ASilentPrinterSaysNothingWhereAnotherWouldAnswer)
     ASSERT_TRUE(waitUntil([&] { return talking->pendingBytes() == 0; }));
     EXPECT_TRUE(quiet.pieces.isEmpty());
 }
-
-// Answers each input `times` times, numbered, and once with nothing at all.
-class ChattyEngine : public SimEngine
-{
-public:
-    static std::unique_ptr<SimEngine> create(const SimKnobs& knobs, QString& error)
-    {
-        const qint64 times = knobs.number(QStringLiteral("times"), 1, 1, 9, error);
-        if (!error.isEmpty())
-            return nullptr;
-        return std::make_unique<ChattyEngine>(times);
-    }
-
-    explicit ChattyEngine(qint64 times)
-        : m_times(times)
-    {}
-
-    QList<QByteArray> receive(const QByteArray& bytes, const QDateTime&) override
-    {
-        QList<QByteArray> replies{QByteArray()};
-        for (qint64 reply = 1; reply <= m_times; ++reply)
-            replies.append(bytes + QByteArray::number(reply));
-        return replies;
-    }
-
-private:
-    qint64 m_times;
-};
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "platform/qt/QueuePropertiesDialog.h"
 #include "ui/WidgetApplication.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -14,7 +13,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace {
 class AddPrinterDialogTest : public ::testing::Test
@@ -22,69 +20,47 @@ class AddPrinterDialogTest : public ::testing::Test
 protected:
     static void SetUpTestSuite() { EnsureWidgetApplication(); }
 
-    template <typename Widget> static Widget* field(QDialog& dialog, const char* name)
+    static void submit(QDialog& dialog, const QString& name, const QString& port)
     {
-        auto* widget = dialog.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
-    static void fill(QDialog& dialog, const QString& name, const QString& port)
-    {
-        field<QLineEdit>(dialog, "name")->setText(name);
-        field<QLineEdit>(dialog, "port")->setText(port);
-    }
-
-    static void clickOk(QDialog& dialog)
-    {
-        field<QDialogButtonBox>(dialog, nullptr)->button(QDialogButtonBox::Ok)->click();
+        ChildOf<QLineEdit>(dialog, "name").setText(name);
+        ChildOf<QLineEdit>(dialog, "port").setText(port);
+        ChildOf<QDialogButtonBox>(dialog, nullptr).button(QDialogButtonBox::Ok)->click();
     }
 
     static QString problemOf(QDialog& dialog, const char* name)
     {
-        auto* label = field<QLabel>(dialog, name);
-        return label->isHidden() ? QString() : label->text();
+        const auto& label = ChildOf<QLabel>(dialog, name);
+        return label.isHidden() ? QString() : label.text();
     }
 };
 
 TEST_F(AddPrinterDialogTest, OkIsRefusedWithTheReasonUntilNameAndPortCanBeUsed)
 {
     AddPrinterDialog dialog;
-    struct Entry
-    {
-        QString name;
-        QString port;
-        bool nameRefused;
-    };
-    const Entry refused[] = {
+    const std::tuple<QString, QString, bool> refused[] = {
         {"  ", "10.0.4.21:9100", true},
         {"Line\\1", "10.0.4.21:9100", true},
         {"Filler 9", "", false},
         {"Filler 9", "coder-7:99999", false},
         {"Filler 9", "sim:", false},
         {"Filler 9", "/dev/ttyUSB0:fast", false},
-        {"Filler 9", "sim:c-series?ink=9", false},
-    };
-    for (const Entry& entry : refused) {
-        fill(dialog, entry.name, entry.port);
-        clickOk(dialog);
-        SCOPED_TRACE((entry.name + QLatin1Char(' ') + entry.port).toStdString());
+        {"Filler 9", "sim:c-series?ink=9", false}};
+    for (const auto& [name, port, nameRefused] : refused) {
+        submit(dialog, name, port);
+        SCOPED_TRACE((name + QLatin1Char(' ') + port).toStdString());
         EXPECT_EQ(dialog.result(), QDialog::Rejected);
-        EXPECT_EQ(problemOf(dialog, "nameProblem").isEmpty(), !entry.nameRefused);
-        EXPECT_EQ(problemOf(dialog, "portProblem").isEmpty(), entry.nameRefused);
+        EXPECT_EQ(problemOf(dialog, "nameProblem").isEmpty(), !nameRefused);
+        EXPECT_EQ(problemOf(dialog, "portProblem").isEmpty(), nameRefused);
     }
     // The simulator's own reason for a knob it won't take.
     EXPECT_TRUE(problemOf(dialog, "portProblem").startsWith("Not a port: the knob \"ink\""));
 
-    fill(dialog, " Filler 9 ", "sim:c-series?ink=1");
-    clickOk(dialog);
+    submit(dialog, " Filler 9 ", "sim:c-series?ink=1");
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_TRUE(problemOf(dialog, "nameProblem").isEmpty());
-    EXPECT_TRUE(problemOf(dialog, "portProblem").isEmpty());
+    EXPECT_EQ(problemOf(dialog, "nameProblem") + problemOf(dialog, "portProblem"), QString());
     const QueueRecord record = dialog.record();
-    EXPECT_EQ(record.name, QStringLiteral("Filler 9"));
-    EXPECT_EQ(record.portName, QStringLiteral("sim:c-series?ink=1"));
-    EXPECT_EQ(record.friendlyName, record.name);
+    EXPECT_EQ(record,
+              (QueueRecord{"Filler 9", "sim:c-series?ink=1", record.printerNumber, "Filler 9"}));
 }
 
 TEST_F(AddPrinterDialogTest, AFamilyGivesANumberItsHandlerClaimsAndANumberShowsItsFamily)
@@ -93,26 +69,23 @@ TEST_F(AddPrinterDialogTest, AFamilyGivesANumberItsHandlerClaimsAndANumberShowsI
         {PrinterFamily::DominoCSeries, "clsDominoHandlerC"},
         {PrinterFamily::DominoASeries, "clsDominoHandlerA"},
         {PrinterFamily::Avery, "clsAveryHandler"},
-        {PrinterFamily::LocalLabelPrinter, "clsLBXPrinterHandler"},
-    };
+        {PrinterFamily::LocalLabelPrinter, "clsLBXPrinterHandler"}};
     AddPrinterDialog dialog;
-    auto* family = field<QComboBox>(dialog, "family");
-    auto* number = field<QSpinBox>(dialog, "printerNumber");
+    auto& family = ChildOf<QComboBox>(dialog, "family");
+    auto& number = ChildOf<QSpinBox>(dialog, "printerNumber");
     for (const auto& [kind, handlerName] : handlers) {
-        family->setCurrentIndex(family->findData(kind));
-        const auto handler = HandlerTable::createFor(number->value());
+        family.setCurrentIndex(family.findData(kind));
+        const auto handler = HandlerTable::createFor(number.value());
         ASSERT_NE(handler, nullptr);
         EXPECT_EQ(handler->GetObjectName(), handlerName);
     }
 
-    number->setValue(2150);
-    EXPECT_EQ(family->currentData(), QVariant(PrinterFamily::DominoCSeries));
-    // Between two Avery ranges, yet no Avery.
-    number->setValue(784);
-    EXPECT_EQ(family->currentData(), QVariant(PrinterFamily::LocalLabelPrinter));
-    field<QLineEdit>(dialog, "friendlyName")->setText("Avery, line 3");
-    fill(dialog, "Labeller 3", "/dev/ttyUSB0:9600:8N1");
-    clickOk(dialog);
+    number.setValue(2150);
+    EXPECT_EQ(family.currentData(), QVariant(PrinterFamily::DominoCSeries));
+    number.setValue(784); // between two Avery ranges, yet no Avery
+    EXPECT_EQ(family.currentData(), QVariant(PrinterFamily::LocalLabelPrinter));
+    ChildOf<QLineEdit>(dialog, "friendlyName").setText("Avery, line 3");
+    submit(dialog, "Labeller 3", "/dev/ttyUSB0:9600:8N1");
     EXPECT_EQ(dialog.record(),
               (QueueRecord{"Labeller 3", "/dev/ttyUSB0:9600:8N1", 784, "Avery, line 3"}));
 
@@ -124,24 +97,22 @@ TEST_F(AddPrinterDialogTest, AFamilyGivesANumberItsHandlerClaimsAndANumberShowsI
 TEST_F(AddPrinterDialogTest, TheQueueDialogsGiveTheRecordOnOkAndNoneOnCancel)
 {
     QtQueueDialogs dialogs;
-    const auto answerWith = [](bool ok) {
+    for (const bool ok : {true, false}) {
         QTimer::singleShot(0, [ok] {
             auto* dialog = qobject_cast<AddPrinterDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
-            fill(*dialog, "Case labeller 2", "10.0.4.30:9100");
+            ChildOf<QLineEdit>(*dialog, "friendlyName").setText("Case line");
             if (ok)
-                clickOk(*dialog);
+                submit(*dialog, "Case labeller 2", "10.0.4.30:9100");
             else
                 dialog->reject();
         });
-    };
-    answerWith(true);
-    const std::optional<QueueRecord> record = dialogs.askForNewQueue();
-    ASSERT_TRUE(record.has_value());
-    EXPECT_EQ(record->name, QStringLiteral("Case labeller 2"));
-    EXPECT_EQ(record->portName, QStringLiteral("10.0.4.30:9100"));
-
-    answerWith(false);
-    EXPECT_FALSE(dialogs.askForNewQueue().has_value());
+        const std::optional<QueueRecord> record = dialogs.askForNewQueue();
+        ASSERT_EQ(record.has_value(), ok);
+        if (record) {
+            EXPECT_EQ(*record, (QueueRecord{"Case labeller 2", "10.0.4.30:9100",
+                                            record->printerNumber, "Case line"}));
+        }
+    }
 }
 } // namespace

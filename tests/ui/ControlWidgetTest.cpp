@@ -1,5 +1,5 @@
-// The control on screen: the page pane's scroll bars and splitter in pixels, and the host
-// window's actions following the commands' states.
+// The control on screen: the page pane in pixels, and the host window's actions following the
+// commands' states.
 
 #include "core/Globals.h"
 #include "core/PageFactory.h"
@@ -14,7 +14,6 @@
 #include "support/ServicesFixture.h"
 #include "ui/WidgetApplication.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 
@@ -51,24 +50,21 @@ TEST_F(PagePaneTest, ATallPageScrollsInStepsOfSeveralTwips)
     SizedPage::size = {200, 2667};
     m_pane.resize(800, 267);
     m_window.show();
-    IPage* page = m_pane.createPage(PageClass, "P1");
-    ASSERT_NE(page, nullptr);
+    ASSERT_NE(m_pane.createPage(PageClass, "P1"), nullptr);
     m_pane.layout();
     EXPECT_TRUE(m_pane.vsbVert().isVisibleTo(&m_pane));
     EXPECT_FALSE(m_pane.hsbHoriz().isVisibleTo(&m_pane));
     EXPECT_EQ(m_pane.vsbVert().maximum(), 18000);
-    EXPECT_EQ(m_pane.workspace().vScrollStep(), 2);
-
     m_pane.vsbVert().setValue(300); // 600 twips down: 40 pixels
     EXPECT_EQ(m_pane.pageWidget()->y(), -40);
     m_pane.resetScrollBars();
     EXPECT_EQ(m_pane.pageWidget()->y(), 0);
 
-    // The pane grown to hold the page: no bar, and the page back at the top.
+    // A taller pane scrolls less in steps of one; a page that fits has no bar and sits on top.
     m_pane.vsbVert().setValue(300);
     m_pane.resize(800, 2000);
     EXPECT_TRUE(m_pane.vsbVert().isVisibleTo(&m_pane));
-    EXPECT_EQ(m_pane.vsbVert().maximum(), (40005 - 30000) / 1);
+    EXPECT_EQ(m_pane.vsbVert().maximum(), 40005 - 30000);
     SizedPage::size = {200, 1999};
     m_pane.createPage(PageClass, "P2");
     m_pane.layout();
@@ -81,23 +77,21 @@ TEST_F(PagePaneTest, ATallPageScrollsInStepsOfSeveralTwips)
     EXPECT_EQ(m_pane.pageWidget(), nullptr);
 }
 
-TEST_F(PagePaneTest, TheSplitterKeepsBothPanesAtTheirSmallestWidth)
+TEST_F(PagePaneTest, TheSplitterIsInTwipsAndWaitsForTheControlsSize)
 {
-    // A split asked for before the control has a size waits for it.
     m_pane.moveSplitter(6000);
     m_pane.resize(800, 400);
     m_window.show();
     EXPECT_EQ(m_pane.treeWidth(), 6000);
     EXPECT_EQ(m_tree.width(), 400);
 
+    // At the right edge the page pane keeps the smallest width the tree has at the left.
     const WorkspaceLayout& layout = m_pane.workspace();
     m_pane.moveSplitter(0);
-    EXPECT_GT(layout.tree().width, 0);
     const float smallest = layout.tree().width;
+    EXPECT_GT(smallest, 0);
     m_pane.moveSplitter(800 * 15);
     EXPECT_FLOAT_EQ(layout.tree().width, 800 * 15 - layout.splitter().width - smallest);
-    // The right pane is the rest, one splitter's width short of the edge.
-    EXPECT_FLOAT_EQ(layout.pageParent().left, layout.tree().width + layout.splitter().width);
 }
 
 class HostWindowTest : public ServicesFixture
@@ -136,6 +130,9 @@ protected:
         return nullptr;
     }
 
+    TreeWidget& tree() { return m_window->controlWidget().treeView().widget(); }
+    void selectPrinter() { tree().setCurrentItem(tree().topLevelItem(0)->child(0)); }
+
     inline static const QString PrinterPage = QStringLiteral("KorvexVigil.ctlScriptedUI");
     ScriptedHandler::Registration m_scripted;
     std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
@@ -152,18 +149,16 @@ TEST_F(HostWindowTest, ToolbarRowsBecomeActionsThatFollowTheirCommands)
     EXPECT_EQ(disablePolling->toolTip(), "text 47");
     EXPECT_TRUE(disablePolling->isVisible());
     EXPECT_FALSE(enablePolling->isVisible());
-    // Commands this build doesn't have get no action at all.
-    EXPECT_EQ(action("DoSendFilesToPrinters"), nullptr);
+    EXPECT_EQ(action("DoSendFilesToPrinters"), nullptr); // not a command of this build
 
     disablePolling->trigger();
     EXPECT_TRUE(enablePolling->isVisible());
     EXPECT_FALSE(disablePolling->isVisible());
     EXPECT_TRUE(m_window->controlWidget().control().scheduler().pollingDisabled());
 
-    // The root selected: no delete, no properties; a printer selected: both.
+    // The root selected: no delete; a printer selected: delete, properties, disable.
     EXPECT_FALSE(action("DoDelete")->isEnabled());
-    TreeWidget& tree = m_window->controlWidget().treeView().widget();
-    tree.setCurrentItem(tree.topLevelItem(0)->child(0));
+    selectPrinter();
     EXPECT_TRUE(action("DoDelete")->isEnabled());
     EXPECT_TRUE(action("DoProperties")->isVisible());
     EXPECT_TRUE(action("DoDisablePrinter")->isVisible());
@@ -176,21 +171,19 @@ TEST_F(HostWindowTest, ANewGroupIsNamedInPlace)
     m_window->show();
     m_window->start();
     action("DoAddGroup")->trigger();
-    TreeWidget& tree = m_window->controlWidget().treeView().widget();
-    auto* editor = tree.findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    editor->setText("Packing");
-    QTest::keyClick(editor, Qt::Key_Return);
+    auto& editor = ChildOf<QLineEdit>(tree(), nullptr);
+    editor.setText("Packing");
+    QTest::keyClick(&editor, Qt::Key_Return);
     QCoreApplication::processEvents(); // the editor commits by a queued call
-    const QString id = QtTreeView::keyOf(tree.currentItem());
+    const QString id = QtTreeView::keyOf(tree().currentItem());
     ASSERT_TRUE(id.startsWith("GP"));
     EXPECT_EQ(g_oComponents->Find(id)->m_sName, "Packing");
-    EXPECT_EQ(tree.currentItem()->text(0), "Packing");
+    EXPECT_EQ(tree().currentItem()->text(0), "Packing");
 
     // A printer's label can't be edited: its name is its queue's.
-    tree.setCurrentItem(tree.topLevelItem(0)->child(0));
-    tree.editItem(tree.currentItem(), 0);
-    const QList<QLineEdit*> editors = tree.findChildren<QLineEdit*>();
+    selectPrinter();
+    tree().editItem(tree().currentItem(), 0);
+    const QList<QLineEdit*> editors = tree().findChildren<QLineEdit*>();
     EXPECT_TRUE(std::none_of(editors.begin(), editors.end(),
                              [](const QLineEdit* open) { return open->isVisible(); }));
 }

@@ -8,51 +8,33 @@
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/QueueStore.h"
 #include "services/ApplicationOptions.h"
-#include "services/MessageCatalogue.h"
 #include "services/SettingsAccess.h"
-#include "services/SettingsStore.h"
 #include "sim/SimPrinter.h"
-#include "support/RecordingDialogs.h"
+#include "support/ServicesFixture.h"
 #include "ui/WidgetApplication.h"
 
-#include <QApplication>
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QSet>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
-class DemoSiteTest : public ::testing::Test
+// The user's store is the one $VIGIL_STORE names, beside the fixture's; the demo sits by it.
+class DemoSiteTest : public ServicesFixture
 {
 protected:
+    static void SetUpTestSuite() { EnsureWidgetApplication(); }
     void SetUp() override
     {
-        EnsureWidgetApplication();
-        ASSERT_TRUE(m_folder.isValid());
-        for (const char* variable : {"VIGIL_STORE", "XDG_DATA_HOME", "VIGIL_HOME", "LANGUAGE"})
+        ServicesFixture::SetUp();
+        for (const char* variable : {"VIGIL_STORE", "XDG_DATA_HOME"})
             m_saved.insert(variable, qgetenv(variable));
         qputenv("VIGIL_STORE", QFile::encodeName(userStorePath()));
-        qputenv("VIGIL_HOME", QFile::encodeName(m_folder.path()));
-        qputenv("LANGUAGE", "en");
-        IDialogs::install(m_dialogs);
-        ApplicationOptions::process() = ApplicationOptions();
-        MessageCatalogue::process() = MessageCatalogue();
-        // The root's name comes from the messages.
-        ASSERT_TRUE(QDir(m_folder.path()).mkpath("MSGen"));
-        QFile messages(m_folder.filePath("MSGen/Vigil.msg"));
-        ASSERT_TRUE(messages.open(QIODevice::WriteOnly));
-        messages.write(QByteArray(22, '\n') + "All Printers\n");
+        writeMessageFile(QStringLiteral("en"), QByteArray(22, '\n') + "All Printers\n");
     }
-
     void TearDown() override
     {
-        SettingsStore::install(nullptr);
-        IDialogs::install(nullptr);
-        ApplicationOptions::process() = ApplicationOptions();
-        MessageCatalogue::process() = MessageCatalogue();
+        ServicesFixture::TearDown();
         for (auto saved = m_saved.cbegin(); saved != m_saved.cend(); ++saved)
             if (saved.value().isNull())
                 qunsetenv(saved.key().constData());
@@ -60,7 +42,7 @@ protected:
                 qputenv(saved.key().constData(), saved.value());
     }
 
-    QString userStorePath() const { return m_folder.filePath(QStringLiteral("store.sqlite")); }
+    QString userStorePath() const { return m_home.filePath(QStringLiteral("user.sqlite")); }
 
     static QStringList queueNames()
     {
@@ -70,27 +52,19 @@ protected:
         return names;
     }
 
-    // The tree as start-up reads it.
-    static std::shared_ptr<clsComponents> loadTree()
-    {
-        auto root = std::make_shared<clsComponents>();
-        root->m_sID = AddInControl::RootId;
-        root->CreateUI();
-        root->LoadState(QStringLiteral("Printers"));
-        return root;
-    }
-
-    QTemporaryDir m_folder;
     QMap<QByteArray, QByteArray> m_saved;
-    std::shared_ptr<RecordingDialogs> m_dialogs = std::make_shared<RecordingDialogs>();
 };
 
 TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
 {
     DemoSite::use(true);
-    EXPECT_EQ(SettingsStore::process().filePath(), m_folder.filePath("demo.sqlite"));
+    EXPECT_EQ(SettingsStore::process().filePath(), m_home.filePath("demo.sqlite"));
 
-    const auto root = loadTree();
+    // The tree as start-up reads it.
+    const auto root = std::make_shared<clsComponents>();
+    root->m_sID = AddInControl::RootId;
+    root->CreateUI();
+    root->LoadState(QStringLiteral("Printers"));
     EXPECT_EQ(root->m_sName, QStringLiteral("All Printers"));
     ASSERT_EQ(root->Count(), 2);
     QMap<QString, qint32> numbers;
@@ -99,8 +73,7 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
         const auto group = std::dynamic_pointer_cast<clsComponents>(root->Item(index));
         ASSERT_NE(group, nullptr);
         EXPECT_EQ(group->m_sName, QStringLiteral("Line %1").arg(index));
-        EXPECT_TRUE(group->m_sID.startsWith("GP"));
-        EXPECT_TRUE(group->HasUI());
+        EXPECT_TRUE(group->m_sID.startsWith("GP") && group->HasUI());
         EXPECT_GE(group->Count(), 4);
         for (qsizetype child = 1; child <= group->Count(); ++child) {
             const auto printer = std::dynamic_pointer_cast<clsComponent>(group->Item(child));
@@ -135,6 +108,7 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
     }
     EXPECT_EQ(kinds, (QSet<QString>{"c-series", "a-series", "avery", "echo"}));
 
+    // Polled as often as allowed, warning of low ink, and open to every user.
     ApplicationOptions::process() = ApplicationOptions();
     EXPECT_EQ(GetPollInterval(), ApplicationOptions::MinPollInterval);
     EXPECT_GT(GetPrintsRemainingInkLowLimit(), 0);
@@ -149,12 +123,10 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
 
 TEST_F(DemoSiteTest, AChangedDemoIsKeptUnlessFreshAndTheUsersStoreIsNeverTouched)
 {
-    {
-        SettingsStore::install(std::make_shared<SettingsStore>(userStorePath()));
-        QString problem;
-        ASSERT_TRUE(QueueStore::add({"Real coder", "10.0.4.21:9100", 2100, "Line 1"}, problem));
-        SettingsStore::install(nullptr);
-    }
+    SettingsStore::install(std::make_shared<SettingsStore>(userStorePath()));
+    QString problem;
+    ASSERT_TRUE(QueueStore::add({"Real coder", "10.0.4.21:9100", 2100, "Line 1"}, problem));
+    SettingsStore::install(nullptr);
     const auto userStoreHash = [this] {
         QFile file(userStorePath());
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -165,9 +137,7 @@ TEST_F(DemoSiteTest, AChangedDemoIsKeptUnlessFreshAndTheUsersStoreIsNeverTouched
     DemoSite::use(false);
     ASSERT_TRUE(queueNames().contains("Filler C1"));
     EXPECT_FALSE(queueNames().contains("Real coder"));
-    QString problem;
     ASSERT_TRUE(QueueStore::remove("Filler C1", problem));
-
     DemoSite::use(false);
     EXPECT_FALSE(queueNames().contains("Filler C1"));
     DemoSite::use(true);
@@ -181,13 +151,13 @@ TEST_F(DemoSiteTest, AChangedDemoIsKeptUnlessFreshAndTheUsersStoreIsNeverTouched
 TEST_F(DemoSiteTest, WithoutAnExplicitStoreTheDemoSitsBesideTheDefaultOne)
 {
     qunsetenv("VIGIL_STORE");
-    qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
-    const QString expected = m_folder.filePath("korvex-vigil/demo.sqlite");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_home.path()));
+    const QString expected = m_home.filePath("korvex-vigil/demo.sqlite");
     EXPECT_EQ(DemoSite::storePath(), expected);
 
     DemoSite::use(true);
     EXPECT_EQ(SettingsStore::process().filePath(), expected);
     EXPECT_FALSE(queueNames().isEmpty());
-    EXPECT_FALSE(QFile::exists(m_folder.filePath("korvex-vigil/store.sqlite")));
+    EXPECT_FALSE(QFile::exists(m_home.filePath("korvex-vigil/store.sqlite")));
 }
 } // namespace

@@ -11,9 +11,7 @@
 #include "support/ServicesFixture.h"
 #include "ui/WidgetApplication.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QFile>
 #include <QLineEdit>
 #include <QMap>
 #include <QPointer>
@@ -39,10 +37,10 @@ protected:
         const QMap<int, QByteArray> texts{{30, "Between %1 and %2"}, {398, "Downloading"},
                                           {399, "Complete"},         {400, "Printing"},
                                           {401, "Waiting"},          {438, "Print Progress"}};
-        QByteArrayList lines;
+        QByteArray lines;
         for (int id = 1; id <= 444; ++id)
-            lines.append(texts.value(id, "m" + QByteArray::number(id)));
-        writeMessageFile(QStringLiteral("en"), lines.join('\n') + '\n');
+            lines += texts.value(id, "m" + QByteArray::number(id)) + '\n';
+        writeMessageFile(QStringLiteral("en"), lines);
     }
 
     static QVariant stored(const QString& key, const QString& name)
@@ -60,13 +58,10 @@ protected:
     void SetUp() override
     {
         FormsTest::SetUp();
-        if (HasFatalFailure())
-            return;
         m_form = std::make_unique<frmOptions>();
-        m_field = m_form->findChild<QLineEdit*>(QStringLiteral("txtInterval"));
-        m_upDown = m_form->findChild<QSpinBox*>(QStringLiteral("spnInterval"));
-        m_ok = m_form->findChild<QPushButton*>(QStringLiteral("cmdOK"));
-        ASSERT_TRUE(m_field && m_upDown && m_ok);
+        m_field = &ChildOf<QLineEdit>(*m_form, "txtInterval");
+        m_upDown = &ChildOf<QSpinBox>(*m_form, "spnInterval");
+        m_ok = &ChildOf<QPushButton>(*m_form, "cmdOK");
         m_form->show();
     }
 
@@ -86,7 +81,6 @@ protected:
 TEST_F(OptionsDialogTest, KeysStepByOneOrTenAndWrapWhileTheUpDownFollowsTheField)
 {
     EXPECT_EQ(m_field->text(), QStringLiteral("20"));
-
     EXPECT_EQ(afterKey("65000", Qt::Key_Up), QStringLiteral("4"));
     EXPECT_EQ(afterKey("4", Qt::Key_Down), QStringLiteral("65000"));
     EXPECT_EQ(afterKey("64995", Qt::Key_Up, Qt::ShiftModifier), QStringLiteral("4"));
@@ -109,11 +103,11 @@ TEST_F(OptionsDialogTest, AnIntervalInMillisecondsShowsAsSecondsWithItsFraction)
     ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, OptionsKey, "PollInterval", REG_DWORD, 4500), 0);
     ApplicationOptions::process() = ApplicationOptions();
     frmOptions form;
-    EXPECT_EQ(form.findChild<QLineEdit*>("txtInterval")->text(), QStringLiteral("4.5"));
-    EXPECT_EQ(form.findChild<QSpinBox*>("spnInterval")->value(), 4);
+    EXPECT_EQ(ChildOf<QLineEdit>(form, "txtInterval").text(), QStringLiteral("4.5"));
+    EXPECT_EQ(ChildOf<QSpinBox>(form, "spnInterval").value(), 4);
 }
 
-TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRange)
+TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRangeAndSavesTheRest)
 {
     for (const char* text : {"3", "65001", "abc", "", "99999999999"}) {
         SCOPED_TRACE(text);
@@ -121,7 +115,6 @@ TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRange)
         m_field->setText(QString::fromLatin1(text));
         m_ok->setFocus();
         m_ok->click();
-
         ASSERT_EQ(m_dialogs->boxes().size(), 1);
         const IDialogs::Box& box = m_dialogs->boxes().first();
         EXPECT_EQ(box.text, QStringLiteral("Between 4 and 65000"));
@@ -133,13 +126,10 @@ TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRange)
     }
     EXPECT_EQ(GetPollInterval(), 20000);
     EXPECT_FALSE(stored(OptionsKey, "PollInterval").isValid());
-}
 
-TEST_F(OptionsDialogTest, OkSavesTheRoundedIntervalAndCloses)
-{
-    m_field->setText(QStringLiteral("3.6"));
+    m_dialogs->clear();
+    m_field->setText(QStringLiteral("3.6")); // rounded into range
     m_ok->click();
-
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
     EXPECT_EQ(m_form->result(), QDialog::Accepted);
     EXPECT_FALSE(m_form->isVisible());
@@ -150,29 +140,25 @@ TEST_F(OptionsDialogTest, OkSavesTheRoundedIntervalAndCloses)
 TEST_F(FormsTest, TheOptionsOpenModalAndGoWhenClosed)
 {
     QtForms().ShowOptions();
-    auto* form = qobject_cast<frmOptions*>(QApplication::activeModalWidget());
+    QPointer<frmOptions> form = qobject_cast<frmOptions*>(QApplication::activeModalWidget());
     ASSERT_TRUE(form);
     EXPECT_TRUE(form->isVisible());
-    QPointer<frmOptions> watched(form);
     form->reject();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(watched.isNull());
+    EXPECT_TRUE(form.isNull());
 }
 
 TEST_F(FormsTest, HelpShowsTheFileInOneWindowAndNamesAMissingFile)
 {
+    writeFile("Vigil.html",
+              "<html><head><title>Vigil help</title></head><body>Polling the line</body></html>");
     const QString path = programFolder() + QStringLiteral("/Vigil.html");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<html><head><title>Vigil help</title></head><body>Polling the line</body></html>");
-    file.close();
-
-    HelpWindow* window = HelpWindow::showFile(path);
+    std::unique_ptr<HelpWindow> window(HelpWindow::showFile(path));
     ASSERT_TRUE(window);
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(window->browser().toPlainText().contains(QStringLiteral("Polling the line")));
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Vigil help"));
-    EXPECT_EQ(HelpWindow::showFile(path), window);
+    EXPECT_EQ(HelpWindow::showFile(path), window.get());
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 
     const QString missing = programFolder() + QStringLiteral("/MSGde/Vigil.html");
@@ -180,7 +166,6 @@ TEST_F(FormsTest, HelpShowsTheFileInOneWindowAndNamesAMissingFile)
     ASSERT_EQ(m_dialogs->boxes().size(), 1);
     EXPECT_TRUE(m_dialogs->boxes().first().text.contains(missing));
     EXPECT_EQ(m_dialogs->boxes().first().icon, IDialogs::Icon::Warning);
-    delete window;
 }
 
 TEST_F(FormsTest, APlaceIsKeptOnlyWhileTheFormIsInsideTheScreenAndComesBack)
@@ -188,26 +173,22 @@ TEST_F(FormsTest, APlaceIsKeptOnlyWhileTheFormIsInsideTheScreenAndComesBack)
     QWidget form;
     form.resize(200, 100);
     const QRect area = screen(form);
-    form.move(area.topLeft() + QPoint(100, 80));
-    SaveFormPosition(form, "frmTest", Root);
-    EXPECT_EQ(stored(FormsKey, "frmTest"), QVariant("1,1200,1500,3000,1500,"));
-
-    // Half off the right edge, then touching the top: the last good place stays.
-    form.move(area.topLeft() + QPoint(area.width() - 100, 80));
-    SaveFormPosition(form, "frmTest", Root);
-    form.move(area.topLeft() + QPoint(100, 0));
-    SaveFormPosition(form, "frmTest", Root);
-    EXPECT_EQ(stored(FormsKey, "frmTest"), QVariant("1,1200,1500,3000,1500,"));
+    const QString kept = QStringLiteral("1,1200,1500,3000,1500,");
+    // Inside; half off the right edge; touching the top: the last good place stays.
+    for (const QPoint at : {QPoint(100, 80), QPoint(area.width() - 100, 80), QPoint(100, 0)}) {
+        form.move(area.topLeft() + at);
+        SaveFormPosition(form, "frmTest", Root);
+        EXPECT_EQ(stored(FormsKey, "frmTest"), QVariant(kept));
+    }
 
     form.move(area.topLeft() + QPoint(5, 5));
     form.resize(50, 50);
     RestoreFormPosition(form, "frmTest", Root);
-    EXPECT_EQ(form.pos(), area.topLeft() + QPoint(100, 80));
-    EXPECT_EQ(form.size(), QSize(200, 100));
+    EXPECT_EQ(QRect(form.pos(), form.size()),
+              QRect(area.topLeft() + QPoint(100, 80), QSize(200, 100)));
 
     // A value without its last comma doesn't count: the form is centred instead.
-    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, FormsKey, "frmTest", REG_SZ, "1,1200,1500,3000,1500"),
-              0);
+    ASSERT_EQ(WriteValue(HKEY_LOCAL_MACHINE, FormsKey, "frmTest", REG_SZ, kept.chopped(1)), 0);
     RestoreFormPosition(form, "frmTest", Root);
     EXPECT_EQ(form.pos(),
               area.topLeft() + QPoint((area.width() - 200) / 2, (area.height() - 100) / 2));
@@ -254,17 +235,25 @@ protected:
     void SetUp() override
     {
         FormsTest::SetUp();
-        if (HasFatalFailure())
-            return;
         m_log = std::make_unique<frmDownloads>();
-        m_list = m_log->findChild<QTreeWidget*>(QStringLiteral("lvwDownloads"));
-        ASSERT_TRUE(m_list);
+        m_list = &ChildOf<QTreeWidget>(*m_log, "lvwDownloads");
     }
 
-    QTreeWidgetItem* row(int index) const { return m_list->topLevelItem(index); }
-    static QString iconOf(const QTreeWidgetItem* row)
+    // The row's printer, status, message, whether dated, icon, and bold in printer and status.
+    QStringList row(int index) const
     {
-        return row->data(frmDownloads::Printer, frmDownloads::IconKeyRole).toString();
+        const QTreeWidgetItem* item = m_list->topLevelItem(index);
+        if (!item)
+            return {};
+        const auto bold = [item](int column) {
+            return item->font(column).bold() ? "B" : "-";
+        };
+        return {item->text(frmDownloads::Printer),
+                item->text(frmDownloads::Status),
+                item->text(frmDownloads::Message),
+                item->text(frmDownloads::DateTime).isEmpty() ? "undated" : "dated",
+                item->data(frmDownloads::Printer, frmDownloads::IconKeyRole).toString(),
+                QString::fromLatin1(bold(frmDownloads::Printer)) + bold(frmDownloads::Status)};
     }
 
     std::unique_ptr<frmDownloads> m_log;
@@ -275,28 +264,15 @@ TEST_F(ProgressLogTest, EachPrinterHasOneRowThatTheLatestEventRewrites)
 {
     m_log->AddStatusItem("Line 1", "LABEL.FMT\nsecond", 2);
     m_log->AddStatusItem("Line 1", "LABEL.FMT", 1);
-    ASSERT_EQ(m_list->topLevelItemCount(), 1);
-    EXPECT_EQ(row(0)->text(frmDownloads::Message), QStringLiteral("LABEL.FMT"));
-    EXPECT_EQ(row(0)->text(frmDownloads::Status), QStringLiteral("Waiting"));
-    EXPECT_FALSE(row(0)->text(frmDownloads::DateTime).isEmpty());
     EXPECT_TRUE(m_log->isVisible());
-
+    EXPECT_EQ(row(0), (QStringList{"Line 1", "Waiting", "LABEL.FMT", "dated", "Neutral", "--"}));
     m_log->AddErrorItem("Line 1", "Head\nopen", 1234);
-    EXPECT_EQ(row(0)->text(frmDownloads::Message), QStringLiteral("Head open"));
-    EXPECT_EQ(row(0)->text(frmDownloads::Status), QStringLiteral("1234"));
-    EXPECT_EQ(iconOf(row(0)), QStringLiteral("Error"));
-    EXPECT_TRUE(row(0)->font(frmDownloads::Status).bold());
-
+    EXPECT_EQ(row(0), (QStringList{"Line 1", "1234", "Head open", "dated", "Error", "BB"}));
     m_log->AddStatusItem("Line 1", "LABEL.FMT", 4);
-    EXPECT_EQ(row(0)->text(frmDownloads::Status), QStringLiteral("Complete"));
-    EXPECT_EQ(iconOf(row(0)), QStringLiteral("Success"));
-    EXPECT_FALSE(row(0)->font(frmDownloads::Printer).bold());
-
+    EXPECT_EQ(row(0), (QStringList{"Line 1", "Complete", "LABEL.FMT", "dated", "Success", "--"}));
     // A status without a word blanks the cell and keeps the icon.
     m_log->AddStatusItem("Line 1", "OTHER.FMT", 9);
-    EXPECT_EQ(row(0)->text(frmDownloads::Status), QString());
-    EXPECT_EQ(row(0)->text(frmDownloads::Message), QStringLiteral("OTHER.FMT"));
-    EXPECT_EQ(iconOf(row(0)), QStringLiteral("Success"));
+    EXPECT_EQ(row(0), (QStringList{"Line 1", "", "OTHER.FMT", "dated", "Success", "--"}));
     EXPECT_EQ(m_list->topLevelItemCount(), 1);
 }
 
@@ -305,7 +281,6 @@ TEST_F(ProgressLogTest, QuietEventsAddNoRowAndNamesCompareWithCase)
     m_log->AddMessageItem("Coder", QString());
     EXPECT_EQ(m_list->topLevelItemCount(), 0);
     EXPECT_FALSE(m_log->isVisible());
-
     m_log->AddStatusItem("Coder", "LABEL.FMT", 0);
     EXPECT_EQ(m_list->topLevelItemCount(), 0);
     EXPECT_TRUE(m_log->isVisible());
@@ -313,9 +288,8 @@ TEST_F(ProgressLogTest, QuietEventsAddNoRowAndNamesCompareWithCase)
     m_log->AddMessageItem("Coder", "Ribbon low");
     m_log->AddMessageItem("coder", "Ribbon low");
     ASSERT_EQ(m_list->topLevelItemCount(), 2);
-    EXPECT_EQ(row(0)->text(frmDownloads::Printer), QStringLiteral("Coder"));
-    EXPECT_EQ(row(1)->text(frmDownloads::Printer), QStringLiteral("coder"));
-    EXPECT_EQ(iconOf(row(1)), QStringLiteral("Neutral"));
+    EXPECT_EQ(row(0).first(), QStringLiteral("Coder"));
+    EXPECT_EQ(row(1), (QStringList{"coder", "", "Ribbon low", "dated", "Neutral", "--"}));
 }
 
 TEST_F(ProgressLogTest, ClosingHidesKeepingRowsAndPlaceAndClearEmpties)
@@ -333,9 +307,9 @@ TEST_F(ProgressLogTest, ClosingHidesKeepingRowsAndPlaceAndClearEmpties)
     EXPECT_TRUE(m_log->isVisible());
     EXPECT_EQ(m_log->pos(), inside);
 
-    m_log->findChild<QPushButton*>(QStringLiteral("cmdClear"))->click();
+    ChildOf<QPushButton>(*m_log, "cmdClear").click();
     EXPECT_EQ(m_list->topLevelItemCount(), 0);
-    m_log->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    ChildOf<QPushButton>(*m_log, "cmdOK").click();
     EXPECT_FALSE(m_log->isVisible());
 }
 } // namespace

@@ -3,9 +3,6 @@
 #include "platform/qt/Twips.h"
 #include "ui/WidgetApplication.h"
 
-#include <QApplication>
-#include <gtest/gtest.h>
-
 namespace {
 class QtTreeViewTest : public ::testing::Test
 {
@@ -32,8 +29,7 @@ TEST_F(QtTreeViewTest, ItemsAreKnownByKeyWithTheirParents)
     m_view.setItemText("ID1", "Coder: BATCH (12)");
     EXPECT_EQ(m_view.itemText("ID1"), QStringLiteral("Coder: BATCH (12)"));
 
-    // A group goes with everything below it.
-    m_view.removeItem("GP1");
+    m_view.removeItem("GP1"); // a group goes with everything below it
     EXPECT_FALSE(m_view.hasItem("ID1"));
     EXPECT_EQ(m_view.keys(), (QStringList{"GPRoot", "ID2"}));
     m_view.clear();
@@ -64,10 +60,9 @@ TEST_F(QtTreeViewTest, APointInTwipsFindsTheItemUnderIt)
     m_view.addItem({}, "GPRoot", "All Printers", 0);
     m_view.addItem("GPRoot", "ID1", "Coder", 0);
     m_view.expandItem("GPRoot");
-    const QRect second = m_view.widget().visualItemRect(m_view.item("ID1"));
-    const QPoint centre = second.center();
+    const QPoint centre = m_view.widget().visualItemRect(m_view.item("ID1")).center();
     EXPECT_EQ(m_view.hitTest(centre.x() * TwipsPerPixel, centre.y() * TwipsPerPixel),
               QStringLiteral("ID1"));
-    EXPECT_EQ(m_view.hitTest(10 * 15, 190 * 15), QString());
+    EXPECT_EQ(m_view.hitTest(10 * TwipsPerPixel, 190 * TwipsPerPixel), QString());
 }
 } // namespace
