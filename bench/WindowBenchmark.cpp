@@ -32,8 +32,8 @@ class FlippingHandler : public ScriptedHandler
 public:
     void Process() override
     {
-        state = state == 1 ? 3 : 1;
-        alert = state == 3 ? QStringLiteral("Ink low") : QString();
+        state = state == StateGood ? StateFault : StateGood;
+        alert = state == StateFault ? QStringLiteral("Ink low") : QString();
         emit StatusChanged();
     }
 };

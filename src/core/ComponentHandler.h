@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/ErrorState.h"
+
 #include <QDateTime>
 #include <QObject>
 #include <QString>
@@ -33,7 +35,7 @@ public:
     // The picture file of this printer's icon at size 0 or 3; empty when there is none.
     virtual QString PrinterIcon(qint32 lvbLPSize) = 0;
     // Worked out afresh at each call; also sets HighestAlert.
-    virtual qint32 GetErrorState() = 0;
+    virtual ErrorState GetErrorState() = 0;
     virtual QString HighestAlert() = 0;
     virtual qint32 LBXPrinterType() = 0;
     // Works on a handler that hasn't been initialised.

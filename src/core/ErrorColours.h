@@ -1,17 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
+#include "core/ErrorState.h"
 
-// The states a printer or group can be in, worst last but for "disabled", which outranks
-// them all when states are compared.
-enum ErrorState : qint32 {
-    StateNoAnswer = 0,
-    StateGood = 1,
-    StateWarning = 2,
-    StateFault = 3,
-    StatePortBusy = 4,
-    StateDisabled = 5,
-};
+#include <QtGlobal>
 
 // Colours are 32-bit: 0x800000nn stands for a colour of the desktop's palette, anything
 // else for red + green * 256 + blue * 65536.

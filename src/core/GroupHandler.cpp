@@ -35,9 +35,9 @@ QString GroupHandler::PrinterIcon(qint32)
     return IconFile(QStringLiteral("Group.ico"));
 }
 
-qint32 GroupHandler::GetErrorState()
+ErrorState GroupHandler::GetErrorState()
 {
-    return m_bDisabled ? 5 : 0;
+    return m_bDisabled ? StateDisabled : StateNoAnswer;
 }
 
 TreeNode* GroupHandler::RequestComponent(const QString& sID)

@@ -18,7 +18,7 @@ public:
     void ProcessTimeout(qint16) override {}
     QString HandlerFreindlyName() override;
     QString PrinterIcon(qint32 lvbLPSize) override;
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     QString HighestAlert() override { return m_sErrorDescription; }
     qint32 LBXPrinterType() override { return -1; }
     bool IsPrinterTypeSupported(qint32 lPrinterNumber) const override

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/ErrorState.h"
+
 #include <QDateTime>
 #include <QString>
 #include <memory>
@@ -23,7 +25,7 @@ public:
     virtual void setDisabled(bool disabled) = 0;
     virtual QString TreeText() const = 0;
     virtual QString IconText() const = 0;
-    virtual qint32 GetErrorState() = 0;
+    virtual ErrorState GetErrorState() = 0;
     virtual quint32 GetErrorColour(qint32 eViewType, bool bContrastColour,
                                    std::optional<qint32> vErrorState = std::nullopt) = 0;
     // A node's key below the control's default root.

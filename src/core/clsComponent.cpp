@@ -259,7 +259,7 @@ void clsComponent::UnregisterGLV(const QString& sID)
         m_asGLVs[entry].clear();
 }
 
-qint32 clsComponent::GetErrorState()
+ErrorState clsComponent::GetErrorState()
 {
     ComponentHandler* handler = GetComponent();
     return handler ? handler->GetErrorState() : StateNoAnswer;

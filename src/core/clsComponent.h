@@ -64,7 +64,7 @@ public:
     void RegisterGLV(const QString& sID);
     void UnregisterGLV(const QString& sID);
 
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     quint32 GetErrorColour(qint32 eViewType, bool bContrastColour,
                            std::optional<qint32> vErrorState = std::nullopt) override;
     void AddImages(ImageList& imlSmallImageList, ImageList& imlLargeImageList) override;

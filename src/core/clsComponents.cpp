@@ -133,11 +133,11 @@ QString clsComponents::TreeText() const
     return m_sName + QStringLiteral("      [") + GetFileName(m_sAssignedFile) + QLatin1Char(']');
 }
 
-qint32 clsComponents::GetErrorState()
+ErrorState clsComponents::GetErrorState()
 {
-    qint32 state = StateGood;
+    ErrorState state = StateGood;
     forEachChild([&state](TreeNode& child) {
-        state = qMax(state, child.GetErrorState());
+        state = std::max(state, child.GetErrorState());
         return true;
     });
     return state;

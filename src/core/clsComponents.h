@@ -33,7 +33,7 @@ public:
     QString TreeText() const override;
     QString IconText() const override { return {}; }
     clsComponent* DisplayComponent() const { return m_oDisplayComponent.get(); }
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     quint32 GetErrorColour(qint32 eViewType, bool bContrastColour,
                            std::optional<qint32> vErrorState = std::nullopt) override;
     void Save(const QString& sKeyName) override;

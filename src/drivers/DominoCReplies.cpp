@@ -177,21 +177,24 @@ LogOutcome parseErrorLog(const QByteArray& reply, DominoCValues& values, bool mo
             break;
         lines.append(line);
     }
-    QList<QDateTime> stamps;
-    for (const QByteArray& line : std::as_const(lines)) {
-        const auto stamp = lineDateTime(line, monthFirst);
+    // Dates rise along the lines until the log wraps and they fall back to older ones. Only
+    // the dates that find the wrap are read: the first line's, and from the second line up to
+    // the wrap when there are three lines or more.
+    if (lines.isEmpty()) {
+        values.errorLogCount = 0;
+        return LogStored;
+    }
+    const auto first = lineDateTime(lines.first(), monthFirst);
+    if (!first)
+        return LogFailed;
+    qsizetype wrap = 0;
+    for (qsizetype line = 1; lines.size() >= 3 && line < lines.size(); ++line) {
+        const auto stamp = lineDateTime(lines.at(line), monthFirst);
         if (!stamp)
             return LogFailed;
-        stamps.append(*stamp);
-    }
-    // Dates rise along the lines until the log wraps and they fall back to older ones.
-    qsizetype wrap = 0;
-    if (lines.size() >= 3) {
-        for (qsizetype line = 1; line < lines.size(); ++line) {
-            if (stamps.at(line) < stamps.first()) {
-                wrap = line;
-                break;
-            }
+        if (*stamp < *first) {
+            wrap = line;
+            break;
         }
     }
     QList<qsizetype> newestFirst;

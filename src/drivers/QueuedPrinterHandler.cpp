@@ -6,7 +6,6 @@
 #include "drivers/Queue.h"
 #include "drivers/Queues.h"
 #include "printing/clsLBXHandler.h"
-#include "services/MessageCatalogue.h"
 #include "services/TextUtilities.h"
 #include "services/VigilError.h"
 
@@ -20,6 +19,7 @@ bool QueuedPrinterHandler::attachQueue(const QString& sName)
     }
     if (!m_oQueue)
         return true;
+    connect(m_oQueue, &Queue::DataReceived, this, &QueuedPrinterHandler::m_oQueue_DataReceived);
     connect(m_oQueue, &Queue::PrintItemStatusChanged, this,
             [this](const QString&, qint32 status, const QString& details) {
                 ProgressLog().AddStatusItem(m_sName, FindFormatName(details), status);
@@ -83,8 +83,16 @@ void QueuedPrinterHandler::setBusyOfNode(clsComponent* node, bool busy)
     emit StatusChanged();
 }
 
-QString QueuedPrinterHandler::timeoutText(const QString& stage, const QDateTime& sent)
+void QueuedPrinterHandler::m_oQueue_DataReceived(const QByteArray& data)
 {
-    constexpr qint32 MsgTimedOut = 9;
-    return FormatMessage(MsgTimedOut, {stage, sent.toString(QStringLiteral("HH:mm:ss"))});
+    m_replyClock.dataArrived();
+    ProcessResponse(data);
+}
+
+void QueuedPrinterHandler::ProcessTimeout(qint16 nTimeout_seconds)
+{
+    if (!m_replyClock.expire(nTimeout_seconds, stageInHand()))
+        return;
+    replyLost();
+    emit StatusChanged();
 }

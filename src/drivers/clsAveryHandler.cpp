@@ -1,7 +1,6 @@
 #include "drivers/clsAveryHandler.h"
 
 #include "core/IconFiles.h"
-#include "core/PresentTime.h"
 #include "drivers/clsAveryErrorCodes.h"
 #include "services/ErrorBox.h"
 #include "services/MessageCatalogue.h"
@@ -50,13 +49,12 @@ bool clsAveryHandler::Initialise(clsComponent*, const QString&, const QString& s
 {
     m_sName = sName;
     m_nAddress = 1;
-    m_bTimedOut = true;
+    // Not answering until its first data comes.
+    replyClock().markLost(ReplyClock::NoStage);
     if (!attachQueue(sName))
         return false;
-    if (queue()) {
-        connect(queue(), &Queue::DataReceived, this, &clsAveryHandler::m_oQueue_DataReceived);
+    if (queue())
         m_sModel = ModelLetter(queue()->PrinterNumber());
-    }
     return true;
 }
 
@@ -110,17 +108,18 @@ QByteArray clsAveryHandler::Command(const char* body) const
 
 void clsAveryHandler::Process()
 {
-    if (!queue())
+    if (!queue() || m_bDisabled)
         return;
     queue()->setReplyWanted(true);
     queue()->SendData(Command(StatusRequest));
-    m_dtLastSend = PresentTime();
+    replyClock().start();
     emit StatusChanged();
 }
 
 void clsAveryHandler::sendCommand(const char* body)
 {
-    if (queue())
+    // A disabled printer is sent nothing, the user's commands included.
+    if (queue() && !m_bDisabled)
         queue()->SendData(Command(body));
 }
 
@@ -137,13 +136,6 @@ void clsAveryHandler::StopPrinting()
 void clsAveryHandler::ClearPrinter()
 {
     sendCommand(Clear);
-}
-
-void clsAveryHandler::m_oQueue_DataReceived(const QByteArray& data)
-{
-    m_dtLastSend = QDateTime();
-    m_bTimedOut = false;
-    ProcessResponse(data, false);
 }
 
 void clsAveryHandler::ProcessResponse(const QByteArray& sReply)
@@ -194,24 +186,24 @@ bool clsAveryHandler::readFrame(const QByteArray& frame)
     return true;
 }
 
-qint32 clsAveryHandler::GetErrorState()
+ErrorState clsAveryHandler::GetErrorState()
 {
     if (m_bDisabled)
-        return 5;
+        return StateDisabled;
     if (m_bPortBusy)
-        return 4;
-    if (m_bTimedOut)
-        return 0;
+        return StatePortBusy;
+    if (replyClock().timedOut())
+        return StateNoAnswer;
     if (!m_bErrorFlagged)
-        return 1;
+        return StateGood;
     switch (clsAveryErrorCodes::process().GetErrorLevel(m_sErrorCode)) {
     case 0:
-        return 2;
+        return StateWarning;
     case 1:
     case 2:
-        return 3;
+        return StateFault;
     default:
-        return 0;
+        return StateNoAnswer;
     }
 }
 
@@ -224,21 +216,4 @@ QString clsAveryHandler::ErrorMessage() const
 QString clsAveryHandler::HighestAlert()
 {
     return m_sErrorCode.isEmpty() ? QString() : m_sErrorCode + QLatin1Char(' ') + ErrorMessage();
-}
-
-void clsAveryHandler::ProcessTimeout(qint16 nSeconds)
-{
-    if (!m_dtLastSend.isValid() || m_dtLastSend.secsTo(PresentTime()) < nSeconds)
-        return;
-    m_bTimedOut = true;
-    m_dtTimedOutSend = m_dtLastSend;
-    m_dtLastSend = QDateTime();
-    emit StatusChanged();
-}
-
-QString clsAveryHandler::TimeoutMessage() const
-{
-    if (!m_bTimedOut)
-        return {};
-    return timeoutText(QString(), m_dtTimedOutSend);
 }

@@ -2,8 +2,6 @@
 
 #include "drivers/QueuedPrinterHandler.h"
 
-#include <QDateTime>
-
 // The handler of an Avery label printer: each tick sends one status request in ASCII, and
 // each status frame of fixed length stands by itself.
 class clsAveryHandler : public QueuedPrinterHandler
@@ -23,7 +21,7 @@ public:
     void setDisabled(bool disabled) override;
     bool Initialise(clsComponent* oComponent, const QString& sKey, const QString& sName) override;
     void Process() override;
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     QString PrinterIcon(qint32 lvbLPSize) override;
     bool PortBusy() override { return m_bPortBusy; }
     void setPortBusy(bool busy) override;
@@ -38,8 +36,6 @@ public:
     void ProcessResponse(const QByteArray& sReply, bool bSuppress);
     const QString& ErrorCode() const { return m_sErrorCode; }
     QString HighestAlert() override;
-    void ProcessTimeout(qint16 nSeconds) override;
-    QString TimeoutMessage() const;
     QString ErrorMessage() const;
     void StartPrinting();
     void StopPrinting();
@@ -51,7 +47,6 @@ public:
     QByteArray Command(const char* body) const;
 
 private:
-    void m_oQueue_DataReceived(const QByteArray& data);
     void sendCommand(const char* body);
     // Stores the frame's fields; false when a marker or a number isn't where it belongs.
     bool readFrame(const QByteArray& frame);
@@ -62,8 +57,5 @@ private:
     bool m_bErrorFlagged = false;
     QByteArray m_receiveBuffer;
     bool m_bPortBusy = false;
-    QDateTime m_dtLastSend;
-    bool m_bTimedOut = true;
-    QDateTime m_dtTimedOutSend;
     bool m_bDisabled = false;
 };

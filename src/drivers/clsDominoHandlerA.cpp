@@ -1,7 +1,6 @@
 #include "drivers/clsDominoHandlerA.h"
 
 #include "core/IconFiles.h"
-#include "core/PresentTime.h"
 #include "core/clsComponent.h"
 #include "drivers/clsASeriesMessage.h"
 #include "drivers/clsAlarms.h"
@@ -60,15 +59,15 @@ qint32 littleEndian32(const clsASeriesMessage& message, qint32 first)
 }
 
 // The state an alarm level stands for.
-qint32 stateOfLevel(qint32 level)
+ErrorState stateOfLevel(qint32 level)
 {
     switch (level) {
     case 1:
-        return 2;
+        return StateWarning;
     case 2:
-        return 3;
+        return StateFault;
     default:
-        return 1;
+        return StateGood;
     }
 }
 } // namespace
@@ -84,8 +83,6 @@ bool clsDominoHandlerA::Initialise(clsComponent* oComponent, const QString& sKey
     m_sName = sName;
     if (!attachQueue(sName))
         return false;
-    if (queue())
-        connect(queue(), &Queue::DataReceived, this, &clsDominoHandlerA::m_oQueue_DataReceived);
     m_nStage = StageIdle;
     return true;
 }
@@ -153,6 +150,9 @@ void clsDominoHandlerA::ProcessStage()
         setPortBusy(false);
         m_nLastStageSent = m_nStage;
         if (m_bDisabled) {
+            // Nothing goes out; at rest, the first tick after the node is enabled again starts
+            // a round.
+            m_nStage = StageIdle;
             emit StatusChanged();
             return;
         }
@@ -160,7 +160,7 @@ void clsDominoHandlerA::ProcessStage()
             return;
         queue()->setReplyWanted(true);
         queue()->SendData(frame);
-        m_dtLastSend = PresentTime();
+        replyClock().start();
     });
 }
 
@@ -209,13 +209,6 @@ QByteArray clsDominoHandlerA::prepareStage()
     default:
         return {};
     }
-}
-
-void clsDominoHandlerA::m_oQueue_DataReceived(const QByteArray& data)
-{
-    m_dtLastSend = QDateTime();
-    m_bTimedOut = false;
-    ProcessResponse(data, false);
 }
 
 void clsDominoHandlerA::ProcessResponse(const QByteArray& sReply)
@@ -317,7 +310,7 @@ void clsDominoHandlerA::readReply(const clsASeriesMessage& message)
 
 void clsDominoHandlerA::readAlarms(const clsASeriesMessage& message)
 {
-    m_nAlarmState = 1;
+    m_nAlarmState = StateGood;
     const int count = message.GetDataSingle(1, 1);
     m_alarms.clear();
     for (int index = 1; index <= count; ++index) {
@@ -329,11 +322,11 @@ void clsDominoHandlerA::readAlarms(const clsASeriesMessage& message)
         if (!known) {
             // An alarm the catalogue doesn't know counts as a fault.
             m_sHighestAlert.clear();
-            m_nAlarmState = std::max(m_nAlarmState, 3);
+            m_nAlarmState = std::max(m_nAlarmState, StateFault);
         } else {
             alarm.AlarmText = known->AlarmText;
-            const qint32 state = stateOfLevel(known->AlarmLevel);
-            if (state > 1 && state > m_nAlarmState)
+            const ErrorState state = stateOfLevel(known->AlarmLevel);
+            if (state > StateGood && state > m_nAlarmState)
                 m_sHighestAlert = known->AlarmText;
             m_nAlarmState = std::max(m_nAlarmState, state);
         }
@@ -341,12 +334,12 @@ void clsDominoHandlerA::readAlarms(const clsASeriesMessage& message)
     }
 }
 
-qint32 clsDominoHandlerA::GetErrorState()
+ErrorState clsDominoHandlerA::GetErrorState()
 {
     if (m_bDisabled)
-        return 5;
-    if (m_bTimedOut)
-        return 0;
+        return StateDisabled;
+    if (replyClock().timedOut())
+        return StateNoAnswer;
     return m_nAlarmState;
 }
 
@@ -364,25 +357,6 @@ void clsDominoHandlerA::SyncTime(const QDateTime& dtTime)
     ProcessStage();
     m_nStage = StageFirst;
     ProcessStage();
-}
-
-void clsDominoHandlerA::ProcessTimeout(qint16 nTimeout_seconds)
-{
-    if (!m_dtLastSend.isValid() || m_dtLastSend.secsTo(PresentTime()) < nTimeout_seconds)
-        return;
-    m_nTimedOutStage = m_nStage;
-    m_dtTimedOutSend = m_dtLastSend;
-    m_bTimedOut = true;
-    m_dtLastSend = QDateTime();
-    m_nStage = StageIdle;
-    emit StatusChanged();
-}
-
-QString clsDominoHandlerA::TimeoutMessage() const
-{
-    if (!m_bTimedOut)
-        return {};
-    return timeoutText(QString::number(m_nTimedOutStage), m_dtTimedOutSend);
 }
 
 void clsDominoHandlerA::InvokeCommandTesting()

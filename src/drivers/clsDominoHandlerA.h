@@ -52,7 +52,7 @@ public:
     const QDateTime& DateTime() const { return m_dtDateTime; }
     const QString& RasterType() const { return m_sRasterType; }
     void PopulateAlertListBox(QStringList& list) const;
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     void Process() override;
     void ProcessResponse(const QByteArray& sReply) override;
     bool ProcessResponse(const QByteArray& sReply, bool bSuppress);
@@ -69,31 +69,27 @@ public:
     qint32 PrintCount() override { return m_lPrintCount; }
     qint32 PrintDetected() const { return m_lPrintDetected; }
     QString HighestAlert() override { return m_sHighestAlert; }
-    void ProcessTimeout(qint16 nTimeout_seconds) override;
-    QString TimeoutMessage() const;
 
     qint32 currentStage() const { return m_nStage; }
     const QList<Alarm>& alarms() const { return m_alarms; }
 
 private:
-    void m_oQueue_DataReceived(const QByteArray& data);
     void ProcessStage();
     // The frame of the current stage, with the id its reply must carry; empty for none.
     QByteArray prepareStage();
     void readReply(const class clsASeriesMessage& message);
     void readAlarms(const class clsASeriesMessage& message);
     void moveOn();
+    qint32 stageInHand() const override { return m_nStage; }
+    void replyLost() override { m_nStage = StageIdle; }
 
     QPointer<clsComponent> m_oComponent;
     QString m_sKey;
     qint32 m_nStage = StageIdle;
     qint32 m_nLastStageSent = 0;
     qint32 m_nExpectedCommand = -1;
-    QDateTime m_dtLastSend;
-    bool m_bTimedOut = false;
-    qint32 m_nTimedOutStage = 0;
-    QDateTime m_dtTimedOutSend;
-    qint32 m_nAlarmState = 0;
+    // Not answering until the first alarm reply.
+    ErrorState m_nAlarmState = StateNoAnswer;
     QString m_sHighestAlert;
     QDateTime m_dtClock;
     bool m_bDisabled = false;

@@ -32,7 +32,7 @@ QByteArray bytes(char byte)
     return QByteArray(1, byte);
 }
 
-void raiseTo(qint32& state, qint32 level)
+void raiseTo(ErrorState& state, ErrorState level)
 {
     state = std::max(state, level);
 }
@@ -53,8 +53,6 @@ bool clsDominoHandlerC::Initialise(clsComponent* oComponent, const QString& sKey
     m_bMonthFirst = PrinterDateTime::localeWritesMonthFirst();
     if (!attachQueue(sName))
         return false;
-    if (queue())
-        connect(queue(), &Queue::DataReceived, this, &clsDominoHandlerC::m_oQueue_DataReceived);
     m_values = DominoCValues();
     m_nStage = StageStatus;
     m_nLastStageSent = StageStatus;
@@ -91,6 +89,51 @@ bool clsDominoHandlerC::IsPrinterTypeSupported(qint32 lPrinterNumber) const
            (lPrinterNumber >= 2100 && lPrinterNumber <= 2199);
 }
 
+// The stages of the engine. Stages 0 to 6 are one poll round: a tick sends the status
+// request, and each reply that is read sends the next stage's command at once, until the
+// round rests at 7. Stage 2 belongs to the round only while the error log is asked for.
+// Stages 9 to 16 are the user's actions and 17 the console; an action replaces the stage in
+// hand and goes out at once.
+// clang-format off
+using Handler = clsDominoHandlerC;
+using namespace DominoC;
+const Handler::StageRow Handler::Stages[] = {
+    // stage              command                         reply ends by              read                        next              then
+    {StageStatus,         &Handler::bare<CmdStatus>,      ReplyEnd::Terminator,      &Handler::readStatusReport, StageSetup,       Then::SendNext},
+    {StageSetup,          &Handler::bare<CmdSetup>,       ReplyEnd::Terminator,      &Handler::readSetupList,    StageErrorLog,    Then::SendNext},
+    {StageErrorLog,       &Handler::bare<CmdErrorLog>,    ReplyEnd::TerminatorOrNak, &Handler::readErrorLog,     StageLogoList,    Then::SendNext},
+    {StageLogoList,       &Handler::bare<CmdLogoList>,    ReplyEnd::Cr,              &Handler::readLogoList,     StageCurrentFile, Then::SendNext},
+    {StageCurrentFile,    &Handler::bare<CmdCurrentFile>, ReplyEnd::Cr,              &Handler::readCurrentFile,  StagePrintCount,  Then::SendNext},
+    {StagePrintCount,     &Handler::bare<CmdPrintCount>,  ReplyEnd::TwoBytes,        &Handler::readPrintCount,   StageFileList,    Then::SendNext},
+    {StageFileList,       &Handler::bare<CmdFileList>,    ReplyEnd::Cr,              &Handler::readFileList,     StageIdle,        Then::SendNext},
+    // Idle: a late piece ends only at the end byte, and isn't read.
+    {StageIdle,           nullptr,                        ReplyEnd::Terminator,      nullptr,                    StageStatus,      Then::Rest},
+    {StageSetShifts,      &Handler::shiftsCommand,        ReplyEnd::NotAwaited,      nullptr,                    StageStatus,      Then::Rest},
+    {StageSetDirection,   &Handler::directionCommand,     ReplyEnd::Terminator,      nullptr,                    StageStatus,      Then::Rest},
+    {StageSetOrientation, &Handler::orientationCommand,   ReplyEnd::Terminator,      nullptr,                    StageStatus,      Then::Rest},
+    {StageSetClock,       &Handler::clockCommand,         ReplyEnd::NotAwaited,      nullptr,                    StageStatus,      Then::Rest},
+    {StageSetCounts,      &Handler::countsCommand,        ReplyEnd::NotAwaited,      nullptr,                    StageStatus,      Then::Rest},
+    {StageSelectMessage,  &Handler::selectMessageCommand, ReplyEnd::Ack,             nullptr,                    StageStatus,      Then::Rest},
+    {StageConsole,        &Handler::consoleCommand,       ReplyEnd::Anything,        &Handler::showOnConsole,    StageConsole,     Then::Rest},
+};
+// clang-format on
+
+const clsDominoHandlerC::StageRow& clsDominoHandlerC::rowOf(qint32 stage)
+{
+    const auto row = std::find_if(std::begin(Stages), std::end(Stages),
+                                  [stage](const StageRow& each) { return each.stage == stage; });
+    // The engine only ever takes the stages of the table.
+    Q_ASSERT(row != std::end(Stages));
+    return *row;
+}
+
+clsDominoHandlerC::Stage clsDominoHandlerC::stageAfter(const StageRow& row) const
+{
+    if (row.next == StageErrorLog && !m_bCheckErrorLog)
+        return rowOf(StageErrorLog).next;
+    return row.next;
+}
+
 void clsDominoHandlerC::Process()
 {
     RunTrapped(Context + QStringLiteral("Process"), [this] {
@@ -111,10 +154,16 @@ void clsDominoHandlerC::ProcessStage()
             return;
         }
         m_stitcher.AcceptAnything(false);
-        const QByteArray command = prepareStage();
+        const StageRow& row = rowOf(m_nStage);
+        if (!row.command)
+            return;
+        const QByteArray command = (this->*row.command)();
+        expectReply(row.replyEnd);
+        if (row.replyEnd == ReplyEnd::NotAwaited)
+            m_nStage = row.next;
         if (command.isEmpty())
             return;
-        if (m_nStage == StageConsole) {
+        if (row.stage == StageConsole) {
             // Sent also on a disabled node, with no reply clock.
             if (queue()) {
                 queue()->setReplyWanted(true);
@@ -123,6 +172,9 @@ void clsDominoHandlerC::ProcessStage()
             return;
         }
         if (m_bDisabled) {
+            // Nothing goes out; at rest, the first tick after the node is enabled again starts
+            // a round.
+            m_nStage = StageIdle;
             emit StatusChanged();
             return;
         }
@@ -130,72 +182,87 @@ void clsDominoHandlerC::ProcessStage()
             return;
         setPortBusy(false);
         m_nLastStageSent = m_nStage;
-        if (!queue())
-            return;
-        queue()->setReplyWanted(true);
-        queue()->SendData(command);
-        m_dtLastSend = PresentTime();
+        send(command);
     });
 }
 
-QByteArray clsDominoHandlerC::prepareStage()
+void clsDominoHandlerC::expectReply(ReplyEnd end)
 {
-    using namespace DominoC;
-    switch (m_nStage) {
-    case StageStatus:
-        m_stitcher.ClearTempTerminiatingSequences();
-        m_stitcher.ClearTempErrors();
-        return bytes(CmdStatus);
-    case StageSetup:
-        return bytes(CmdSetup);
-    case StageErrorLog:
+    // Each reply starts from the permanent terminator and error bytes.
+    m_stitcher.ClearTempErrors();
+    m_stitcher.ClearTempTerminiatingSequences();
+    switch (end) {
+    case ReplyEnd::Terminator:
+    case ReplyEnd::NotAwaited:
+        break;
+    case ReplyEnd::TerminatorOrNak:
         m_bAcceptNakOnce = true;
-        return bytes(CmdErrorLog);
-    case StageLogoList:
-        m_stitcher.SetTempTerminiatingSequences({bytes(Cr)});
-        return bytes(CmdLogoList);
-    case StageCurrentFile:
-        m_stitcher.SetTempTerminiatingSequences({bytes(Cr)});
-        return bytes(CmdCurrentFile);
-    case StagePrintCount:
-        // The count is two raw bytes that may be anything, 21 and 1 included.
+        break;
+    case ReplyEnd::Cr:
+        m_stitcher.SetTempTerminiatingSequences({bytes(DominoC::Cr)});
+        break;
+    case ReplyEnd::Ack:
+        m_stitcher.SetTempTerminiatingSequences({bytes(DominoC::Ack)});
+        break;
+    case ReplyEnd::TwoBytes:
+        // Two raw bytes that may be anything, 21 and 1 included.
         m_stitcher.SetTempErrorStrings({NoErrorString});
         m_stitcher.FixedLength(2);
-        return bytes(CmdPrintCount);
-    case StageFileList:
-        m_stitcher.SetTempTerminiatingSequences({bytes(Cr)});
-        return bytes(CmdFileList);
-    case StageSetShifts:
-        m_nStage = StageStatus;
-        return DominoC::SetShifts(m_oShifts);
-    case StageSetDirection:
-        return DominoC::SetDirection(m_nDirection);
-    case StageSetOrientation:
-        return DominoC::SetOrientation(m_nOrientation);
-    case StageSetClock:
-        m_nStage = StageStatus;
-        return DominoC::SetClock(m_dtClock);
-    case StageSetCounts:
-        m_nStage = StageStatus;
-        return DominoC::SetCounts(m_lCount);
-    case StageSelectMessage:
-        m_stitcher.SetTempTerminiatingSequences({bytes(Ack)});
-        return DominoC::SelectMessage(m_sMessageName);
-    case StageConsole:
+        break;
+    case ReplyEnd::Anything:
         m_stitcher.AcceptAnything(true);
-        if (ICommandConsole* console = m_console.visibleConsole())
-            return console->currentCommand().value_or(QByteArray());
-        return {};
-    default:
-        return {};
+        break;
     }
 }
 
-void clsDominoHandlerC::m_oQueue_DataReceived(const QByteArray& data)
+void clsDominoHandlerC::send(const QByteArray& command)
 {
-    m_dtLastSend = QDateTime();
-    m_bTimedOut = false;
-    ProcessResponse(data, false, false);
+    if (!queue())
+        return;
+    queue()->setReplyWanted(true);
+    queue()->SendData(command);
+    replyClock().start();
+    // A report cut short waits for the next tick's report to join it; anything else starts
+    // anew.
+    m_bReportAskedAgain = m_eUnfinished == Unfinished::Incomplete && m_nStage == StageStatus;
+    if (!m_bReportAskedAgain)
+        m_eUnfinished = Unfinished::None;
+}
+
+QByteArray clsDominoHandlerC::shiftsCommand() const
+{
+    return DominoC::SetShifts(m_oShifts);
+}
+
+QByteArray clsDominoHandlerC::directionCommand() const
+{
+    return DominoC::SetDirection(m_nDirection);
+}
+
+QByteArray clsDominoHandlerC::orientationCommand() const
+{
+    return DominoC::SetOrientation(m_nOrientation);
+}
+
+QByteArray clsDominoHandlerC::clockCommand() const
+{
+    return DominoC::SetClock(m_dtClock);
+}
+
+QByteArray clsDominoHandlerC::countsCommand() const
+{
+    return DominoC::SetCounts(m_lCount);
+}
+
+QByteArray clsDominoHandlerC::selectMessageCommand() const
+{
+    return DominoC::SelectMessage(m_sMessageName);
+}
+
+QByteArray clsDominoHandlerC::consoleCommand() const
+{
+    ICommandConsole* console = m_console.visibleConsole();
+    return console ? console->currentCommand().value_or(QByteArray()) : QByteArray();
 }
 
 void clsDominoHandlerC::ProcessResponse(const QByteArray& sReply)
@@ -227,7 +294,7 @@ bool clsDominoHandlerC::ProcessResponse(const QByteArray& sReply, bool bSuppress
         m_bAcceptNakOnce = false;
         if (status == clsResponseStitcher::StitchIncomplete) {
             m_eUnfinished = Unfinished::Incomplete;
-            // A reply that never ends isn't kept: it is lost one time-out later.
+            // A reply that never ends isn't kept.
             if (m_stitcher.heldBytes() > LongestReply)
                 m_stitcher.GetCompleteResponse(true);
             return;
@@ -257,61 +324,70 @@ void clsDominoHandlerC::recordCommsError(const QByteArray& error)
 
 bool clsDominoHandlerC::finishReply(const QByteArray& reply, bool bNoAdvance)
 {
-    using namespace DominoCReplies;
-    switch (m_nStage) {
-    case StageStatus: {
-        const bool found = parseStatusReport(reply, m_values, m_bMonthFirst) != NothingFound;
-        if (!bNoAdvance)
-            nextStage();
+    const StageRow& row = rowOf(m_nStage);
+    const bool found = row.read && (this->*row.read)(reply);
+    // What the stage changed of the reply's end lasts for that reply only.
+    m_stitcher.ClearTempErrors();
+    m_stitcher.ClearTempTerminiatingSequences();
+    m_stitcher.AcceptAnything(false);
+    if (bNoAdvance && row.stage == StageStatus)
         return found;
-    }
-    case StageSetup:
-        parseSetupList(reply, m_values);
-        break;
-    case StageErrorLog:
-        parseErrorLog(reply, m_values, m_bMonthFirst);
-        break;
-    case StageLogoList:
-        m_values.logoList = parseNames(reply);
-        m_stitcher.ClearTempTerminiatingSequences();
-        break;
-    case StageCurrentFile:
-        m_values.currentFile = cleanName(reply);
-        m_stitcher.ClearTempTerminiatingSequences();
-        break;
-    case StagePrintCount:
-        parsePrintCount(reply, m_values.printCount);
-        m_stitcher.ClearTempErrors();
-        break;
-    case StageFileList: {
-        m_values.rawFileList = parseNames(reply);
-        m_values.fileList = QStringList{QString()};
-        for (const QString& name : m_values.rawFileList.mid(1))
-            m_values.fileList.append(cleanName(name.toLatin1()));
-        m_stitcher.ClearTempTerminiatingSequences();
-        break;
-    }
-    case StageSelectMessage:
-        m_stitcher.ClearTempTerminiatingSequences();
-        m_nStage = StageStatus;
-        return false;
-    case StageConsole:
-        if (ICommandConsole* console = m_console.console())
-            console->SetResponseString(QString::fromLatin1(reply));
-        m_stitcher.AcceptAnything(false);
-        return false;
-    default:
-        m_nStage = StageStatus;
-        return false;
-    }
-    nextStage();
+    m_nStage = stageAfter(row);
+    if (row.then == Then::SendNext)
+        ProcessStage();
+    return found;
+}
+
+bool clsDominoHandlerC::readStatusReport(const QByteArray& reply)
+{
+    return DominoCReplies::parseStatusReport(reply, m_values, m_bMonthFirst) !=
+           DominoCReplies::NothingFound;
+}
+
+bool clsDominoHandlerC::readSetupList(const QByteArray& reply)
+{
+    DominoCReplies::parseSetupList(reply, m_values);
     return false;
 }
 
-void clsDominoHandlerC::nextStage()
+bool clsDominoHandlerC::readErrorLog(const QByteArray& reply)
 {
-    m_nStage = (m_nStage == StageSetup && !m_bCheckErrorLog) ? StageLogoList : m_nStage + 1;
-    ProcessStage();
+    DominoCReplies::parseErrorLog(reply, m_values, m_bMonthFirst);
+    return false;
+}
+
+bool clsDominoHandlerC::readLogoList(const QByteArray& reply)
+{
+    m_values.logoList = DominoCReplies::parseNames(reply);
+    return false;
+}
+
+bool clsDominoHandlerC::readCurrentFile(const QByteArray& reply)
+{
+    m_values.currentFile = DominoCReplies::cleanName(reply);
+    return false;
+}
+
+bool clsDominoHandlerC::readPrintCount(const QByteArray& reply)
+{
+    DominoCReplies::parsePrintCount(reply, m_values.printCount);
+    return false;
+}
+
+bool clsDominoHandlerC::readFileList(const QByteArray& reply)
+{
+    m_values.rawFileList = DominoCReplies::parseNames(reply);
+    m_values.fileList = QStringList{QString()};
+    for (const QString& name : m_values.rawFileList.mid(1))
+        m_values.fileList.append(DominoCReplies::cleanName(name.toLatin1()));
+    return false;
+}
+
+bool clsDominoHandlerC::showOnConsole(const QByteArray& reply)
+{
+    if (ICommandConsole* console = m_console.console())
+        console->SetResponseString(QString::fromLatin1(reply));
+    return false;
 }
 
 void clsDominoHandlerC::ResetCurrentCommand()
@@ -325,38 +401,37 @@ void clsDominoHandlerC::ResetCurrentCommand()
 
 void clsDominoHandlerC::ProcessTimeout(qint16 nTimeout_seconds)
 {
-    const QDateTime now = PresentTime();
-    if (m_dtLastSend.isValid()) {
-        if (m_dtLastSend.secsTo(now) < nTimeout_seconds)
-            return;
-        m_nTimedOutStage = m_nStage;
-        m_dtTimedOutSend = m_dtLastSend;
-        m_bTimedOut = true;
-        m_nStage = StageIdle;
-        m_dtLastSend = QDateTime();
-        emit StatusChanged();
-        return;
-    }
-    if (m_eUnfinished != Unfinished::None && m_dtUnfinishedSince.secsTo(now) >= nTimeout_seconds)
+    QueuedPrinterHandler::ProcessTimeout(nTimeout_seconds);
+    if (unfinishedReplyHoldsEngine() && !replyClock().isRunning() &&
+        m_dtUnfinishedSince.secsTo(PresentTime()) >= nTimeout_seconds)
         endUnfinishedReply();
+}
+
+bool clsDominoHandlerC::unfinishedReplyHoldsEngine() const
+{
+    switch (m_nStage) {
+    case StageStatus:
+        // The next tick asks again and the pieces join the next report; only a report that
+        // still has no end after that is taken for one that never ends.
+        return m_bReportAskedAgain && m_eUnfinished == Unfinished::Incomplete;
+    case StageIdle:
+        // Nothing is awaited: a late piece stays until another stage's reply.
+    case StageConsole:
+        // The console waits for its user.
+        return false;
+    default:
+        // In the middle of a round or an action nothing else would move the engine on.
+        return m_eUnfinished != Unfinished::None;
+    }
 }
 
 void clsDominoHandlerC::endUnfinishedReply()
 {
-    // A reply that began and never finished, failed, or couldn't be read stops the reply
-    // clock and leaves its stage; without this such a printer would never be polled again,
-    // or would look healthy while it only ever sends pieces.
-    const Unfinished unfinished = std::exchange(m_eUnfinished, Unfinished::None);
-    if (m_nStage == StageConsole)
-        return;
-    if (unfinished == Unfinished::Incomplete) {
-        m_nTimedOutStage = m_nStage;
-        m_dtTimedOutSend = m_dtUnfinishedSince;
-        m_bTimedOut = true;
-    } else if (m_nStage == StageStatus || m_nStage == StageIdle) {
-        // The next tick asks again: the failure stays on show until then.
-        return;
-    }
+    // A reply that never came to an end counts as lost; one that failed or couldn't be read
+    // has had its say already.
+    m_bReportAskedAgain = false;
+    if (std::exchange(m_eUnfinished, Unfinished::None) == Unfinished::Incomplete)
+        replyClock().markLost(m_nStage);
     m_stitcher.GetCompleteResponse(true);
     m_nStage = StageIdle;
     if (queue())
@@ -364,35 +439,28 @@ void clsDominoHandlerC::endUnfinishedReply()
     emit StatusChanged();
 }
 
-QString clsDominoHandlerC::TimeoutMessage() const
-{
-    if (!m_bTimedOut)
-        return {};
-    return timeoutText(QString::number(m_nTimedOutStage), m_dtTimedOutSend);
-}
-
-qint32 clsDominoHandlerC::GetErrorState()
+ErrorState clsDominoHandlerC::GetErrorState()
 {
     if (m_bDisabled)
-        return 5;
+        return StateDisabled;
     if (PortBusy())
-        return 4;
-    if (m_bTimedOut)
-        return 0;
-    qint32 state = 1;
+        return StatePortBusy;
+    if (replyClock().timedOut())
+        return StateNoAnswer;
+    ErrorState state = StateGood;
     m_sHighestAlert.clear();
     if (m_lCommsErrors & SohBit) {
         m_sCommsDetail = FormatMessage(MsgCommsDetail, {SohBit});
         m_sHighestAlert = FormatMessage(MsgInkAlert, {m_values.printsRemaining});
-        raiseTo(state, 2);
+        raiseTo(state, StateWarning);
     }
     if (m_lCommsErrors & NakBit) {
         m_sCommsDetail = FormatMessage(MsgCommsDetail, {NakBit});
         m_sHighestAlert = GetMessage(MsgNak);
-        raiseTo(state, 2);
+        raiseTo(state, StateWarning);
     }
     if (m_values.errorLogCount > 0 && m_values.errorLog[0] != m_sIgnoredLogEntry) {
-        raiseTo(state, 2);
+        raiseTo(state, StateWarning);
         m_sHighestAlert = m_values.errorLog[0];
     }
     if (m_values.inkStatus >= 1) {
@@ -401,7 +469,7 @@ qint32 clsDominoHandlerC::GetErrorState()
         const qint16 limit = GetPrintsRemainingInkLowLimit();
         const bool onlyLow =
             limit != -1 && m_values.printsRemaining > limit && m_values.inkStatus != 3;
-        raiseTo(state, onlyLow ? 2 : 3);
+        raiseTo(state, onlyLow ? StateWarning : StateFault);
     }
     return state;
 }
@@ -470,54 +538,53 @@ QString clsDominoHandlerC::GetLogoList(qint32 index) const
     return index >= 0 && index < m_values.logoList.size() ? m_values.logoList.at(index) : QString();
 }
 
+void clsDominoHandlerC::runAction(Stage stage, std::optional<Stage> followUp)
+{
+    m_nStage = stage;
+    ProcessStage();
+    // Nothing went out (print work waiting, or the node disabled): the engine is at rest.
+    if (followUp && m_nStage != StageIdle) {
+        m_nStage = *followUp;
+        ProcessStage();
+    }
+}
+
 void clsDominoHandlerC::SyncTime(const QDateTime& dtTime)
 {
     m_dtClock = dtTime;
-    m_nStage = StageSetClock;
-    ProcessStage();
     // The clock needs no reply: the round that reads it back starts at once.
-    if (m_nStage == StageStatus)
-        ProcessStage();
+    runAction(StageSetClock, StageStatus);
 }
 
 void clsDominoHandlerC::SelectMessage(const QString& sName)
 {
     m_sMessageName = sName.toLatin1();
-    m_nStage = StageSelectMessage;
-    ProcessStage();
+    runAction(StageSelectMessage);
 }
 
 void clsDominoHandlerC::SetDirection(qint32 nDirection)
 {
     m_nDirection = nDirection;
-    m_nStage = StageSetDirection;
-    ProcessStage();
+    runAction(StageSetDirection);
 }
 
 void clsDominoHandlerC::SetOrientation(qint32 nOrientation)
 {
     m_nOrientation = nOrientation;
-    m_nStage = StageSetOrientation;
-    ProcessStage();
+    runAction(StageSetOrientation);
 }
 
 void clsDominoHandlerC::SetShifts(const clsShift& oShifts)
 {
     m_oShifts = oShifts;
-    m_nStage = StageSetShifts;
-    ProcessStage();
+    runAction(StageSetShifts);
 }
 
 void clsDominoHandlerC::SetCounts(qint32 lCount)
 {
     m_lCount = lCount;
-    m_nStage = StageSetCounts;
-    ProcessStage();
     // The count is read back at once, and the round goes on from there.
-    if (m_nStage == StageStatus) {
-        m_nStage = StagePrintCount;
-        ProcessStage();
-    }
+    runAction(StageSetCounts, StagePrintCount);
 }
 
 void clsDominoHandlerC::InvokeCommandTesting()
@@ -527,8 +594,7 @@ void clsDominoHandlerC::InvokeCommandTesting()
 
 void clsDominoHandlerC::FireCommandTest()
 {
-    m_nStage = StageConsole;
-    ProcessStage();
+    runAction(StageConsole);
 }
 
 void clsDominoHandlerC::EndCommandTesting()

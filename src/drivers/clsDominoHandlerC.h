@@ -7,7 +7,7 @@
 #include "drivers/clsShift.h"
 
 #include <QPointer>
-#include <memory>
+#include <optional>
 
 class clsComponent;
 
@@ -95,7 +95,7 @@ public:
     void SetShifts(const clsShift& oShifts);
     void SetCounts(qint32 lCount);
     void ClearCommsError() { m_lCommsErrors = 0; }
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     void InvokeCommandTesting();
     void EndCommandTesting();
     void FireCommandTest();
@@ -108,23 +108,76 @@ public:
     void setBCheckErrorLog(bool check);
     void IgnoreCurrentErrorLog();
     void ProcessTimeout(qint16 nTimeout_seconds) override;
-    QString TimeoutMessage() const;
 
     qint32 CommsErrors() const { return m_lCommsErrors; }
     const QString& CommsDetail() const { return m_sCommsDetail; }
     qint32 currentStage() const { return m_nStage; }
 
 private:
-    void m_oQueue_DataReceived(const QByteArray& data);
+    // How the end of a stage's reply is known.
+    enum class ReplyEnd {
+        Terminator,      // the end byte 254
+        TerminatorOrNak, // the end byte, or a lone refusal that stands for an empty answer
+        Cr,              // a list ends at its first byte 13
+        Ack,             // byte 6
+        TwoBytes,        // exactly two raw bytes, refusal bytes among them
+        NotAwaited,      // nothing comes of its own: the stage gives way to the next as it sends
+        Anything,        // every piece is a whole reply, whatever it holds
+    };
+    // What follows a reply that has been read.
+    enum class Then {
+        SendNext, // the next stage's command goes out at once: a round goes on
+        Rest,     // the next stage waits for a tick or an action
+    };
+    struct StageRow
+    {
+        Stage stage;
+        // The command, arguments included; none for a stage that sends nothing.
+        QByteArray (clsDominoHandlerC::*command)() const;
+        ReplyEnd replyEnd;
+        // Stores what the reply says; true for a status report with something in it.
+        bool (clsDominoHandlerC::*read)(const QByteArray& reply);
+        // After the reply, or at the send when no reply is awaited.
+        Stage next;
+        Then then;
+    };
+    static const StageRow Stages[];
+    static const StageRow& rowOf(qint32 stage);
+
     void ProcessStage();
-    // The command of the current stage, with the stitcher set up for its reply; empty when
-    // the stage sends nothing.
-    QByteArray prepareStage();
+    // Sets the stitcher up to know the end of the reply.
+    void expectReply(ReplyEnd end);
+    void send(const QByteArray& command);
     // The stage's work on a whole reply; true for a status report with something in it.
     bool finishReply(const QByteArray& reply, bool bNoAdvance);
-    void nextStage();
+    // The stage that follows `row` in this printer's round.
+    Stage stageAfter(const StageRow& row) const;
+    // Sets the stage and sends its command; then, if it went out, `followUp`'s at once.
+    void runAction(Stage stage, std::optional<Stage> followUp = std::nullopt);
     void recordCommsError(const QByteArray& error);
+    bool unfinishedReplyHoldsEngine() const;
     void endUnfinishedReply();
+
+    qint32 stageInHand() const override { return m_nStage; }
+    void replyLost() override { m_nStage = StageIdle; }
+
+    template <char Byte> QByteArray bare() const { return QByteArray(1, Byte); }
+    QByteArray shiftsCommand() const;
+    QByteArray directionCommand() const;
+    QByteArray orientationCommand() const;
+    QByteArray clockCommand() const;
+    QByteArray countsCommand() const;
+    QByteArray selectMessageCommand() const;
+    QByteArray consoleCommand() const;
+
+    bool readStatusReport(const QByteArray& reply);
+    bool readSetupList(const QByteArray& reply);
+    bool readErrorLog(const QByteArray& reply);
+    bool readLogoList(const QByteArray& reply);
+    bool readCurrentFile(const QByteArray& reply);
+    bool readPrintCount(const QByteArray& reply);
+    bool readFileList(const QByteArray& reply);
+    bool showOnConsole(const QByteArray& reply);
 
     clsResponseStitcher m_stitcher;
     DominoCValues m_values;
@@ -136,16 +189,14 @@ private:
     qint32 m_nLastStageSent = StageStatus;
     qint32 m_lCommsErrors = 0;
     bool m_bAcceptNakOnce = false;
-    QDateTime m_dtLastSend;
-    bool m_bTimedOut = false;
-    qint32 m_nTimedOutStage = 0;
-    QDateTime m_dtTimedOutSend;
-    // A reply whose clock stopped with its first fragment but that never came to an end:
-    // still in pieces, or failed or unreadable. It is given up one time-out after its last
-    // fragment.
+    // A reply whose clock stopped with its first fragment but that hasn't come to an end:
+    // still in pieces, or failed or unreadable. Where nothing else would move the engine on,
+    // such a reply is given up one time-out after its last fragment.
     enum class Unfinished { None, Incomplete, Failed };
     Unfinished m_eUnfinished = Unfinished::None;
     QDateTime m_dtUnfinishedSince;
+    // The status report in pieces has been asked for again, for the rest to join it.
+    bool m_bReportAskedAgain = false;
     bool m_bDisabled = false;
     bool m_bCheckErrorLog = false;
     QString m_sIgnoredLogEntry;

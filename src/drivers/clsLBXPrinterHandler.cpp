@@ -26,11 +26,11 @@ QString clsLBXPrinterHandler::PrinterIcon(qint32)
     return IconFile(QStringLiteral("LocalLabelPrinter.ico"));
 }
 
-qint32 clsLBXPrinterHandler::GetErrorState()
+ErrorState clsLBXPrinterHandler::GetErrorState()
 {
     if (m_bDisabled)
-        return 5;
-    return m_bPortBusy ? 4 : 1;
+        return StateDisabled;
+    return m_bPortBusy ? StatePortBusy : StateGood;
 }
 
 void clsLBXPrinterHandler::setPortBusy(bool busy)

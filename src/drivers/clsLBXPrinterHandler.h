@@ -14,9 +14,8 @@ public:
     void setDisabled(bool disabled) override;
     bool Initialise(clsComponent* oComponent, const QString& sKey, const QString& sName) override;
     void Process() override;
-    void ProcessTimeout(qint16) override {}
     QString PrinterIcon(qint32 lvbLPSize) override;
-    qint32 GetErrorState() override;
+    ErrorState GetErrorState() override;
     QString HighestAlert() override { return {}; }
     bool IsPrinterTypeSupported(qint32) const override { return true; }
     QString GetControlName() const override { return QStringLiteral("ctlLBXPrinterUI"); }

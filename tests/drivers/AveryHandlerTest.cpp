@@ -111,8 +111,17 @@ TEST_F(AveryHandlerTest, ActionsAndTimeOuts)
     EXPECT_EQ(avery.GetErrorState(), StateGood);
     avery.setPortBusy(true);
     EXPECT_EQ(avery.GetErrorState(), StatePortBusy);
+    // A disabled printer is sent nothing, whether a request was answered or not.
+    sent();
+    avery.Process();
     avery.setDisabled(true);
     EXPECT_EQ(avery.GetErrorState(), StateDisabled);
+    avery.Process();
+    avery.StopPrinting();
+    EXPECT_EQ(sent(), QList<QByteArray>{"#!A1#!X0#!P1"});
+    avery.setDisabled(false);
+    avery.Process();
+    EXPECT_EQ(sent(), QList<QByteArray>{"#!A1#!X0#!P1"});
 }
 
 } // namespace

@@ -163,8 +163,22 @@ TEST_F(DominoHandlerATest, AFailedFrameMovesTheRoundOnAndErrorRepliesAreShown)
     m_printer->Process();
     EXPECT_EQ(sent(), QList<QByteArray>{hex("0200000000020061208500")});
 
+    // Disabled at a tick or in the middle of a round, the engine comes to rest; the first tick
+    // after it is enabled again starts a round.
     m_printer->setDisabled(true);
     EXPECT_EQ(m_printer->GetErrorState(), StateDisabled);
+    m_queue->inject(reply(97, {}));
+    m_printer->Process();
+    EXPECT_TRUE(sent().isEmpty());
+    m_printer->setDisabled(false);
+    m_printer->Process();
+    EXPECT_EQ(sent(), QList<QByteArray>{hex("0200000000020061208500")});
+    m_printer->ResetCurrentCommand();
+    m_printer->setDisabled(true);
+    m_printer->Process();
+    m_printer->setDisabled(false);
+    m_printer->Process();
+    EXPECT_EQ(sent(), QList<QByteArray>{hex("0200000000020061208500")});
 }
 
 TEST_F(DominoHandlerATest, TheClockAndTheNextRoundGoOutBackToBack)

@@ -207,11 +207,15 @@ TEST_F(DominoHandlerCTest, ALostReplyTimesOutAndAStuckStageEndsAfterTheTimeOut)
     EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
     EXPECT_EQ(m_dialogs->boxes().size(), 1);
 
-    // A printer that only ever sends pieces of a report counts as not answering.
-    m_queue->inject("Language : 1\r");
+    // A logo list that begins and never ends is lost at its stage, one time-out later.
+    m_queue->inject(Status);
+    m_queue->inject(SetupList);
+    m_queue->inject("LOGO1");
+    wait(4);
     EXPECT_EQ(coder.GetErrorState(), StateGood);
-    wait(5);
+    wait(1);
     EXPECT_EQ(coder.GetErrorState(), StateNoAnswer);
+    EXPECT_EQ(coder.TimeoutMessage(), QStringLiteral("no answer to stage 3 sent at 06:30:10"));
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
 
     // A refusal of the status request stays on show: the next tick asks again.
@@ -220,6 +224,82 @@ TEST_F(DominoHandlerCTest, ALostReplyTimesOutAndAStuckStageEndsAfterTheTimeOut)
     wait(5);
     EXPECT_EQ(coder.GetErrorState(), StateWarning);
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageStatus);
+}
+
+TEST_F(DominoHandlerCTest, RepliesCutIntoPiecesByTheLineJoinOrWaitWithoutATimeOut)
+{
+    clsDominoHandlerC& coder = handler();
+    const auto wait = [&](int seconds) {
+        later(seconds);
+        coder.ProcessTimeout(5);
+    };
+    // A file list ends at its first Cr; the rest comes 80 ms later, after the round is over.
+    answerStatusAndSetup(coder);
+    for (const QByteArray& reply : {Logos, CurrentFile, Count})
+        m_queue->inject(reply);
+    m_queue->inject("\xC1\x42\x43\rDE");
+    EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
+    m_queue->inject("F\rGHI\r");
+    wait(30);
+    EXPECT_EQ(coder.GetErrorState(), StateGood);
+    EXPECT_EQ(coder.TimeoutMessage(), QString());
+    EXPECT_EQ(coder.GetFileList(1), QStringLiteral("ABC"));
+    // The piece was no reply of the next round's: that reads as ever.
+    sent();
+    coder.Process();
+    EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
+    m_queue->inject(QByteArray(Status).replace("Photocell : 1", "Photocell : 0"));
+    EXPECT_EQ(coder.Photocell(), 0);
+    EXPECT_EQ(sent(), QList<QByteArray>{"\x80"});
+
+    // A report cut before its end byte waits, and joins the report of the next tick.
+    for (const QByteArray& reply : {SetupList, Logos, CurrentFile, Count, Files})
+        m_queue->inject(reply);
+    coder.Process();
+    m_queue->inject(QByteArray(Status).replace("Language : 1", "Language : 2").left(60));
+    wait(30);
+    EXPECT_EQ(coder.GetErrorState(), StateGood);
+    EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageStatus);
+    coder.Process();
+    m_queue->inject("Shaft encoder : 3\r\xFE");
+    EXPECT_EQ((QList<qint32>{coder.Language(), coder.ShaftEncoder()}), (QList<qint32>{2, 3}));
+    EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageSetup);
+
+    // Something on the line that answers each request and never ends a report (a device that
+    // echoes, say) doesn't answer as a coder: once a second request's answer hasn't ended
+    // the report either, it is lost.
+    coder.ResetCurrentCommand();
+    for (int tick = 0; tick < 2; ++tick) {
+        coder.Process();
+        m_queue->inject("\x0E");
+        wait(5);
+    }
+    EXPECT_EQ(coder.GetErrorState(), StateNoAnswer);
+    EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
+}
+
+TEST_F(DominoHandlerCTest, OnlyTheDatesThatFindTheWrapAreRead)
+{
+    clsDominoHandlerC& coder = handler(true);
+    const auto answerLog = [&](const QByteArray& log) {
+        answerStatusAndSetup(coder);
+        m_queue->inject(log);
+        for (const QByteArray& reply : {Logos, CurrentFile, Count, Files})
+            m_queue->inject(reply);
+    };
+    // Two lines are never searched for a wrap: the newest needs no date.
+    answerLog("E1 old 20/11/2026 09:30:00\nE2 head fault\n\xFE");
+    EXPECT_EQ(coder.GetErrorState(), StateWarning);
+    EXPECT_EQ(coder.HighestAlert(), QStringLiteral("E2 head fault"));
+    EXPECT_EQ(coder.GetErrorLog(2), QStringLiteral("E1 old 20/11/2026 09:30:00"));
+    // Behind the wrap no date is read.
+    answerLog("E3 a 21/11/2026 10:00:00\nE1 b 20/11/2026 09:00:00\nE2 c no date\n\xFE");
+    EXPECT_EQ(
+        (QStringList{coder.GetErrorLog(1), coder.GetErrorLog(2), coder.GetErrorLog(3)}),
+        (QStringList{"E3 a 21/11/2026 10:00:00", "E2 c no date", "E1 b 20/11/2026 09:00:00"}));
+    // Before it, a line without a date fails the log, which stays as it was.
+    answerLog("E4 d 22/11/2026 10:00:00\nE5 e no date\nE6 f 22/11/2026 11:00:00\n\xFE");
+    EXPECT_EQ(coder.GetErrorLog(1), QStringLiteral("E3 a 21/11/2026 10:00:00"));
 }
 
 TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
@@ -262,11 +342,19 @@ TEST_F(DominoHandlerCTest, ActionsGoOutAtOnceAndNeverTwiceInARow)
     EXPECT_EQ(coder.currentStage(), clsDominoHandlerC::StageIdle);
     m_queue->pendingItems = 0;
 
-    // A disabled node is asked nothing.
+    // A disabled node is asked nothing. Disabled in the middle of a round, the engine comes
+    // to rest, and the first tick after it is enabled again starts a round.
+    coder.Process();
+    m_queue->inject(Status);
+    EXPECT_EQ(sent(), (QList<QByteArray>{"\x0E", "\x80"}));
     coder.setDisabled(true);
+    m_queue->inject(SetupList);
     coder.Process();
     coder.SetOrientation(1);
     EXPECT_TRUE(sent().isEmpty());
+    coder.setDisabled(false);
+    coder.Process();
+    EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
 }
 
 } // namespace

@@ -101,6 +101,25 @@ TEST_F(SimulatedSiteStatusTest, EachCoderStateShowsWithItsText)
     EXPECT_EQ(limited.code, 1) << limited.out.toStdString();
     EXPECT_TRUE(limited.out.contains("  Ink low: 2 warning, ")) << limited.out.toStdString();
 }
+TEST_F(SimulatedSiteStatusTest, AFileListInTwoPiecesKeepsTheCoderHealthy)
+{
+    // Sixteen names of 8 bytes and a Cr each: the list's first piece ends 14 names, and the
+    // rest comes 80 ms later, once the round has ended. In the second cycle a time-out walk
+    // sees that piece more than a time-out later.
+    QStringList names;
+    for (int name = 1; name <= 16; ++name)
+        names.append(QStringLiteral("MSG%1").arg(name, 5, 10, QLatin1Char('0')));
+    serve({{"Split",
+            {"c-series", 2100,
+             QStringLiteral(R"("files": "%1", "fragment": 128, "gap": 80)")
+                 .arg(names.join(QLatin1Char(',')))}},
+           {"Silent", {"c-series", 2100, R"("silent": true)"}}});
+    const Outcome status = vigilctl({"status", "--cycles", "2"});
+    EXPECT_TRUE(status.out.contains("  Split: 1 good, ")) << status.out.toStdString();
+    EXPECT_TRUE(status.out.contains("  Silent: 0 no answer, ")) << status.out.toStdString();
+    EXPECT_EQ(status.code, 2);
+}
+
 TEST_F(SimulatedSiteStatusTest, AlarmsAndErrorCodesShowWithTheirText)
 {
     serve({{"A good", {"a-series", 2011, ""}},

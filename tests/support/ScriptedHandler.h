@@ -29,7 +29,7 @@ public:
     // The handler made last, so that a test can reach the one its node holds.
     static ScriptedHandler* last();
 
-    qint32 state = 1;
+    ErrorState state = StateGood;
     QString alert;
     QString currentFile;
     qint32 printCount = -1;
@@ -44,7 +44,7 @@ public:
     void ProcessTimeout(qint16 nTimeout_seconds) override;
     QString HandlerFreindlyName() override { return m_sName; }
     QString PrinterIcon(qint32) override { return {}; }
-    qint32 GetErrorState() override { return m_bDisabled ? 5 : state; }
+    ErrorState GetErrorState() override { return m_bDisabled ? StateDisabled : state; }
     QString HighestAlert() override { return alert; }
     qint32 LBXPrinterType() override { return 9000; }
     bool IsPrinterTypeSupported(qint32 n) const override;
