@@ -11,6 +11,7 @@ enum ExitCode {
     ExitNotFound = 1,
     ExitBadArguments = 2,
     ExitUnavailable = 3,
+    ExitNotAdministrator = 4,
 };
 
 // The words of one command: its positional arguments, its flags, and its options that take

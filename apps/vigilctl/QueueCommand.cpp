@@ -1,5 +1,7 @@
 #include "QueueCommand.h"
 
+#include "StoreGate.h"
+#include "core/HandlerTable.h"
 #include "platform/lbx/LbxQueue.h"
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/QueueStore.h"
@@ -44,6 +46,22 @@ QString reachabilityOf(const LbxQueue& queue, int waitMs)
     }
     return queue.reachability();
 }
+
+// What the driver that takes the printer type does with it, so that a mistyped type shows.
+QString driverOf(qint16 printerNumber)
+{
+    const auto handler = HandlerTable::createFor(printerNumber);
+    const QString name = handler ? handler->GetObjectName() : QString();
+    if (name == QLatin1String("clsDominoHandlerC"))
+        return QStringLiteral("Domino C-series coder: polled");
+    if (name == QLatin1String("clsDominoHandlerA"))
+        return QStringLiteral("Domino A-series coder: polled");
+    if (name == QLatin1String("clsAveryHandler"))
+        return QStringLiteral("Avery label printer: polled");
+    if (name == QLatin1String("clsLBXPrinterHandler"))
+        return QStringLiteral("local label printer: shown, not polled");
+    return name.isEmpty() ? QStringLiteral("no driver") : name;
+}
 } // namespace
 
 QueueCommand::QueueCommand(const Console& console)
@@ -59,7 +77,8 @@ QString QueueCommand::usage()
         "\n"
         "  list     prints each queue: name, port, printer type, and whether the port can be\n"
         "           reached (each is tried for up to 3 s)\n"
-        "  add      adds a printer; a running program shows it within a second\n"
+        "  add      adds a printer and says which driver takes its type; a running program\n"
+        "           shows it within a second\n"
         "  remove   removes a printer\n"
         "\n"
         "PORT is how the printer is reached:\n"
@@ -83,11 +102,6 @@ int QueueCommand::run(const QStringList& words)
         return m_console.fail(
             QStringLiteral("queue: %1 needs a value").arg(line.optionWithoutValue()),
             ExitBadArguments);
-    if (!SettingsStore::process().isAvailable())
-        return m_console.fail(
-            QStringLiteral("the store %1 can't be used: %2")
-                .arg(SettingsStore::process().filePath(), SettingsStore::process().problem()),
-            ExitUnavailable);
     const QString verb = line.positional().value(0);
     const qsizetype arguments = line.positional().size() - 1;
     if (verb == QLatin1String("list") && arguments == 0)
@@ -103,12 +117,14 @@ int QueueCommand::run(const QStringList& words)
 
 int QueueCommand::list()
 {
+    if (const int code = StoreGate::open(StoreGate::Access::Read, m_console))
+        return code;
     const QList<QueueRecord> records = QueueStore::load();
     const auto queues = probe(records, ProbeMs);
     QStringList names{QStringLiteral("NAME")};
     QStringList ports{QStringLiteral("PORT")};
     for (const QueueRecord& record : records) {
-        names << record.name;
+        names << SettingsStore::visibleName(record.name);
         ports << record.portName;
     }
     const auto widest = [](const QStringList& column) {
@@ -124,7 +140,7 @@ int QueueCommand::list()
                   << Qt::endl;
     for (qsizetype row = 0; row < records.size(); ++row) {
         const QueueRecord& record = records.at(row);
-        m_console.out << record.name.leftJustified(nameWidth)
+        m_console.out << names.at(row + 1).leftJustified(nameWidth)
                       << record.portName.leftJustified(portWidth)
                       << QString::number(record.printerNumber).leftJustified(7)
                       << reachabilityOf(*queues.at(row), ProbeMs) << Qt::endl;
@@ -154,18 +170,35 @@ int QueueCommand::add(const CommandLine& line)
         !SimPrinter::fromAddress(address.simAddress, refusal))
         return m_console.fail(QStringLiteral("queue add: sim:%1").arg(refusal), ExitBadArguments);
     const QString name = line.positional().at(1);
-    QString problem;
-    if (!QueueStore::add(
-            {name, address.portName, qint16(number), line.value(FriendlyOption).value_or(name)},
-            problem))
+    if (const QString problem = QueueStore::nameProblem(name); !problem.isEmpty())
         return m_console.fail(QStringLiteral("queue add: %1").arg(problem), ExitBadArguments);
+    if (const int code = StoreGate::open(StoreGate::Access::Write, m_console))
+        return code;
+    QString problem;
+    const QueueStore::Outcome added = QueueStore::add(
+        {name, address.portName, qint16(number), line.value(FriendlyOption).value_or(name)},
+        problem);
+    if (!added)
+        return m_console.fail(QStringLiteral("queue add: %1").arg(problem),
+                              added.kind == QueueStore::Outcome::Refused ? ExitBadArguments
+                                                                         : ExitUnavailable);
+    m_console.out << QStringLiteral("added \"%1\", type %2, %3")
+                         .arg(name)
+                         .arg(number)
+                         .arg(driverOf(qint16(number)))
+                  << Qt::endl;
     return ExitDone;
 }
 
 int QueueCommand::remove(const QString& name)
 {
+    if (const int code = StoreGate::open(StoreGate::Access::Write, m_console))
+        return code;
     QString problem;
-    if (!QueueStore::remove(name, problem))
-        return m_console.fail(QStringLiteral("queue remove: %1").arg(problem), ExitNotFound);
+    const QueueStore::Outcome removed = QueueStore::remove(name, problem);
+    if (!removed)
+        return m_console.fail(QStringLiteral("queue remove: %1").arg(problem),
+                              removed.kind == QueueStore::Outcome::NoSuchQueue ? ExitNotFound
+                                                                               : ExitUnavailable);
     return ExitDone;
 }

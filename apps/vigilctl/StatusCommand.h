@@ -2,9 +2,14 @@
 
 #include "CommandLine.h"
 
+#include <memory>
+
+class TreeNode;
+
 // vigilctl status: the monitor without a window, run on a copy of the store for a few poll
-// cycles, and the tree it sees printed for a person or a monitoring system. Its exit codes
-// are a monitoring plugin's, so a bad command line is 3, "the check could not run".
+// cycles, and the tree it sees, or one group or printer of it, printed for a monitoring system
+// and a person. It answers as a monitoring plugin does, so a bad command line is 3, UNKNOWN,
+// "the check could not run".
 class StatusCommand
 {
 public:
@@ -14,7 +19,10 @@ public:
     static QString usage();
 
 private:
-    int check(int cycles, bool json);
+    int check(int cycles, const QString& name, bool json);
+    int unknown(const QString& problem) const;
+    // The group or printer of that name, or of that id; none with the reason.
+    static std::shared_ptr<TreeNode> named(const QString& name, QString& problem);
 
     const Console& m_console;
 };

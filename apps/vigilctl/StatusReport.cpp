@@ -47,16 +47,6 @@ void appendLines(TreeNode& node, int depth, QString& lines)
         for (const auto& child : static_cast<clsComponents&>(node).Col().snapshot())
             appendLines(*child, depth + 1, lines);
 }
-
-void collectPrinterStates(TreeNode& node, QList<qint32>& states)
-{
-    if (!node.isGroup()) {
-        states.append(node.GetErrorState());
-        return;
-    }
-    for (const auto& child : static_cast<clsComponents&>(node).Col().snapshot())
-        collectPrinterStates(*child, states);
-}
 } // namespace
 
 QString StatusReport::text(TreeNode& root)
@@ -88,27 +78,4 @@ QJsonObject StatusReport::json(TreeNode& node)
         object.insert(QStringLiteral("children"), QJsonArray());
     }
     return object;
-}
-
-StatusReport::Verdict StatusReport::verdictOf(qint32 state)
-{
-    switch (state) {
-    case StateGood:
-    case StateDisabled:
-        return AllGood;
-    case StateWarning:
-        return Warning;
-    default:
-        return Critical;
-    }
-}
-
-StatusReport::Verdict StatusReport::verdict(TreeNode& root)
-{
-    QList<qint32> states;
-    collectPrinterStates(root, states);
-    Verdict worst = AllGood;
-    for (const qint32 state : std::as_const(states))
-        worst = std::max(worst, verdictOf(state));
-    return worst;
 }

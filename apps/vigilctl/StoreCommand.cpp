@@ -1,5 +1,6 @@
 #include "StoreCommand.h"
 
+#include "StoreGate.h"
 #include "services/Conversions.h"
 #include "services/SettingsAccess.h"
 
@@ -110,14 +111,6 @@ int StoreCommand::run(const QStringList& words)
                 ExitBadArguments);
     }
 
-    auto store = std::make_shared<SettingsStore>(SettingsStore::defaultFilePath());
-    if (!store->isAvailable())
-        return m_console.fail(QStringLiteral("the settings store %1 cannot be used: %2")
-                                  .arg(store->filePath(), store->problem()),
-                              ExitUnavailable);
-    SettingsStore::install(store);
-    m_store = store.get();
-
     if (verbName == QLatin1String("get"))
         return get(*key, rest.at(1));
     if (verbName == QLatin1String("set"))
@@ -140,11 +133,28 @@ std::optional<RegFile::KeyPath> StoreCommand::keyArgument(const QString& text) c
 
 int StoreCommand::noKey(const QString& key) const
 {
-    return m_console.fail(QStringLiteral("no key %1").arg(key), ExitNotFound);
+    return m_console.fail(QStringLiteral("no key %1").arg(SettingsStore::visibleName(key)),
+                          ExitNotFound);
+}
+
+int StoreCommand::openStore(StoreGate::Access access)
+{
+    if (const int code = StoreGate::open(access, m_console))
+        return code;
+    m_store = &SettingsStore::process();
+    return ExitDone;
+}
+
+int StoreCommand::writeFailed(const QString& what) const
+{
+    return m_console.fail(QStringLiteral("%1: %2").arg(what, m_store->lastFailure()),
+                          ExitUnavailable);
 }
 
 int StoreCommand::get(const RegFile::KeyPath& key, const QString& name)
 {
+    if (const int code = openStore(StoreGate::Access::Read))
+        return code;
     QVariant value;
     const qint32 status = ReadValue(qint32(key.hive), key.path, name, value);
     if (status == -1)
@@ -170,17 +180,24 @@ int StoreCommand::set(const RegFile::KeyPath& key, const QString& name, const QS
                 ExitBadArguments);
         stored = *number;
     }
+    if (const int code = openStore(StoreGate::Access::Write))
+        return code;
+    // A value the store refuses leaves no new key behind either.
+    SettingsStore::Transaction transaction(*m_store);
     const qint32 status =
         WriteValue(qint32(key.hive), key.path, name, dword ? REG_DWORD : REG_SZ, stored);
-    if (status != SettingsStore::Success)
-        return m_console.fail(
-            QStringLiteral("store set: the value cannot be written (status %1)").arg(status),
-            ExitUnavailable);
+    if (status == SettingsStore::InvalidParameter)
+        return m_console.fail(QStringLiteral("store set: ") + m_store->lastFailure(),
+                              ExitBadArguments);
+    if (status != SettingsStore::Success || !transaction.commit())
+        return writeFailed(QStringLiteral("store set: the value can't be written"));
     return ExitDone;
 }
 
 int StoreCommand::remove(const RegFile::KeyPath& key, const QStringList& name)
 {
+    if (const int code = openStore(StoreGate::Access::Write))
+        return code;
     const QString display = RegFile::hiveName(key.hive) + QLatin1Char('\\') + key.path;
     if (name.isEmpty()) {
         const qint32 status = m_store->deleteKeyTree(key.hive, key.path);
@@ -190,8 +207,7 @@ int StoreCommand::remove(const RegFile::KeyPath& key, const QStringList& name)
             return m_console.fail(QStringLiteral("store delete: a hive cannot be deleted"),
                                   ExitBadArguments);
         if (status != SettingsStore::Success)
-            return m_console.fail(QStringLiteral("store delete: failed (status %1)").arg(status),
-                                  ExitUnavailable);
+            return writeFailed(QStringLiteral("store delete: the key can't be deleted"));
         return ExitDone;
     }
     SettingsStore::Handle handle = 0;
@@ -200,23 +216,26 @@ int StoreCommand::remove(const RegFile::KeyPath& key, const QStringList& name)
     const qint32 status = m_store->deleteValue(handle, name.first());
     m_store->closeKey(handle);
     if (status == SettingsStore::FileNotFound)
-        return m_console.fail(QStringLiteral("no value \"%1\" in %2").arg(name.first(), display),
-                              ExitNotFound);
+        return m_console.fail(
+            QStringLiteral("no value \"%1\" in %2")
+                .arg(SettingsStore::visibleName(name.first()), SettingsStore::visibleName(display)),
+            ExitNotFound);
     if (status != SettingsStore::Success)
-        return m_console.fail(QStringLiteral("store delete: failed (status %1)").arg(status),
-                              ExitUnavailable);
+        return writeFailed(QStringLiteral("store delete: the value can't be deleted"));
     return ExitDone;
 }
 
 int StoreCommand::list(const RegFile::KeyPath& key)
 {
+    if (const int code = openStore(StoreGate::Access::Read))
+        return code;
     SettingsStore::Handle handle = 0;
     if (m_store->openKey(key.hive, key.path, handle) != SettingsStore::Success)
         return noKey(RegFile::hiveName(key.hive) + QLatin1Char('\\') + key.path);
     QString name;
     for (quint32 index = 0; m_store->enumKey(handle, index, name) == SettingsStore::Success;
          ++index)
-        m_console.out << name << '\n';
+        m_console.out << SettingsStore::visibleName(name) << '\n';
     m_console.out.flush();
     m_store->closeKey(handle);
     return ExitDone;
@@ -224,28 +243,39 @@ int StoreCommand::list(const RegFile::KeyPath& key)
 
 int StoreCommand::exportKeys(const QStringList& key)
 {
+    const auto path = key.isEmpty() ? std::nullopt : keyArgument(key.first());
+    if (!key.isEmpty() && !path)
+        return m_console.fail(
+            QStringLiteral("store export: KEY must begin with HKLM\\ or HKCU\\, not \"%1\"")
+                .arg(key.first()),
+            ExitBadArguments);
+    if (const int code = openStore(StoreGate::Access::Read))
+        return code;
     RegFile file(*m_store);
     QString text;
-    if (key.isEmpty()) {
+    const auto unreadable = [this] {
+        return m_console.fail(
+            QStringLiteral("store export: the store can't be read: %1").arg(m_store->lastFailure()),
+            ExitUnavailable);
+    };
+    if (!path) {
         if (file.exportAll(text) != SettingsStore::Success)
-            return m_console.fail(QStringLiteral("store export: the store cannot be read"),
-                                  ExitUnavailable);
+            return unreadable();
     } else {
-        const auto path = keyArgument(key.first());
-        if (!path)
-            return m_console.fail(
-                QStringLiteral("store export: KEY must begin with HKLM\\ or HKCU\\, not \"%1\"")
-                    .arg(key.first()),
-                ExitBadArguments);
         const qint32 status = file.exportKey(*path, text);
         if (status == SettingsStore::FileNotFound)
             return noKey(key.first());
         if (status != SettingsStore::Success)
-            return m_console.fail(QStringLiteral("store export: the store cannot be read"),
-                                  ExitUnavailable);
+            return unreadable();
     }
     m_console.out << text;
     m_console.out.flush();
+    // Whatever else there is must still reach the backup; what can't must not go unnoticed.
+    if (!file.leftOut().isEmpty())
+        return m_console.fail(QStringLiteral("store export: left out what no .reg line can name "
+                                             "(delete it, or set it again by another name): %1")
+                                  .arg(file.leftOut().join(QStringLiteral(", "))),
+                              ExitUnavailable);
     return ExitDone;
 }
 
@@ -259,6 +289,8 @@ int StoreCommand::importFile(const QString& fileName)
         return m_console.fail(QStringLiteral("%1: %2").arg(fileName, file.errorString()),
                               ExitUnavailable);
     const QString text = QString::fromUtf8(file.readAll());
+    if (const int code = openStore(StoreGate::Access::Write))
+        return code;
     const RegFile::ImportResult result = RegFile(*m_store).importText(text);
     if (!result.ok)
         return m_console.fail(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandLine.h"
+#include "StoreGate.h"
 #include "services/RegFile.h"
 
 // vigilctl store ...: reads and changes the settings store, so that an administrator can set
@@ -23,6 +24,9 @@ private:
 
     std::optional<RegFile::KeyPath> keyArgument(const QString& text) const;
     int noKey(const QString& key) const;
+    // Opens the store for the verb: ExitDone, or the exit code of its failure, said.
+    int openStore(StoreGate::Access access);
+    int writeFailed(const QString& what) const;
 
     const Console& m_console;
     SettingsStore* m_store = nullptr;

@@ -21,8 +21,9 @@ QString usage()
         "  message   print a message of the catalogue\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
-        "Exit codes: 0 done, 1 the key or value asked for is missing, 2 a bad command line,\n"
-        "3 the store or a file cannot be used. vigilctl status has its own (see its --help).\n");
+        "Exit codes: 0 done; 1 the key, value, queue or message asked for is missing; 2 a bad\n"
+        "command line; 3 the store or a file can't be used; 4 a change by someone who is no\n"
+        "administrator. vigilctl status answers as a monitoring plugin (see its --help).\n");
 }
 } // namespace
 

@@ -11,14 +11,17 @@
 #include "services/ErrorBox.h"
 #include "services/IDialogs.h"
 #include "services/MessageCatalogue.h"
+#include "services/SettingsStore.h"
 #include "services/VigilError.h"
 
 namespace {
 const QString Context = QStringLiteral("AddInControl - ");
 const QString GroupPrefix = QStringLiteral("GP");
 const QString PrinterPrefix = QStringLiteral("ID");
-// What the runtime raises for a class it can't create.
+// What the runtime raises for a class it can't create, and the tree control for a key it
+// doesn't hold.
 constexpr qint32 ClassNotAvailable = 711;
+constexpr qint32 ElementNotFound = 35601;
 
 void informationBox(const QString& text, const QString& title)
 {
@@ -347,6 +350,12 @@ void AddInControl::treePrinters_AfterLabelEdit(bool& bCancel, const QString& sNe
     RunTrapped(Context + QStringLiteral("treePrinters_AfterLabelEdit"), [&] {
         const auto current = currentComponent();
         if (current && !bCancel && g_oComponents) {
+            // A group's name is stored: it must be one the store takes.
+            if (const QString problem = SettingsStore::nameProblem(sNewName); !problem.isEmpty()) {
+                bCancel = true;
+                ShowError(problem, QStringLiteral("AfterLabelEdit"));
+                return;
+            }
             const QString id = current->m_sID;
             clsComponents* parent = g_oComponents->FindParent(id);
             if (parent && !parent->UniqueGroupName(sNewName)) {

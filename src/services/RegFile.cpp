@@ -32,14 +32,24 @@ QString quoted(const QString& text)
     return QLatin1Char('"') + escaped + QLatin1Char('"');
 }
 
+// The text of a text value, when writing it as a quoted text reads back the same bytes.
+std::optional<QString> exactText(const QByteArray& data)
+{
+    if (!data.endsWith('\0'))
+        return std::nullopt;
+    const QByteArray bytes = data.chopped(1);
+    const QString text = QString::fromUtf8(bytes);
+    if (text.toUtf8() != bytes)
+        return std::nullopt;
+    return text;
+}
+
 QString valueLine(const SettingsStore::Value& value)
 {
     const QString name = value.name.isEmpty() ? QStringLiteral("@") : quoted(value.name);
     if (value.type == SettingsStore::TextType) {
-        QByteArray bytes = value.data;
-        if (bytes.endsWith('\0'))
-            bytes.chop(1);
-        return name + QLatin1Char('=') + quoted(QString::fromUtf8(bytes));
+        if (const std::optional<QString> text = exactText(value.data))
+            return name + QLatin1Char('=') + quoted(*text);
     }
     if (value.type == SettingsStore::DWordType && value.data.size() == 4) {
         return name + QStringLiteral("=dword:") +
@@ -88,21 +98,21 @@ public:
     {
         closeCurrent();
         const bool remove = line.startsWith(QLatin1String("[-"));
-        const QString keyText = line.mid(remove ? 2 : 1, line.size() - (remove ? 3 : 2)).trimmed();
+        // Not trimmed at its end: a key's name may end in blanks.
+        const QString keyText = line.mid(remove ? 2 : 1, line.size() - (remove ? 3 : 2));
         const auto key = RegFile::parseKeyPath(keyText);
         if (!key)
             return QStringLiteral("\"%1\" does not begin with HKLM or HKCU").arg(keyText);
         if (remove) {
             const qint32 status = m_store.deleteKeyTree(key->hive, key->path);
             if (status != SettingsStore::Success && status != SettingsStore::FileNotFound)
-                return QStringLiteral("key %1 cannot be deleted (status %2)")
-                    .arg(keyText)
-                    .arg(status);
+                return QStringLiteral("key %1 cannot be deleted: %2")
+                    .arg(SettingsStore::visibleName(keyText), m_store.lastFailure());
             return {};
         }
-        const qint32 status = m_store.createKey(key->hive, key->path, m_current);
-        if (status != SettingsStore::Success)
-            return QStringLiteral("key %1 cannot be created (status %2)").arg(keyText).arg(status);
+        if (m_store.createKey(key->hive, key->path, m_current) != SettingsStore::Success)
+            return QStringLiteral("key %1 cannot be created: %2")
+                .arg(SettingsStore::visibleName(keyText), m_store.lastFailure());
         ++result.keys;
         return {};
     }
@@ -130,7 +140,8 @@ public:
         if (data == QLatin1String("-")) {
             const qint32 status = m_store.deleteValue(m_current, name);
             if (status != SettingsStore::Success && status != SettingsStore::FileNotFound)
-                return QStringLiteral("value \"%1\" cannot be deleted").arg(name);
+                return QStringLiteral("value \"%1\" cannot be deleted: %2")
+                    .arg(SettingsStore::visibleName(name), m_store.lastFailure());
             return {};
         }
         quint32 type = 0;
@@ -138,7 +149,8 @@ public:
         if (const QString error = parseData(data, type, bytes); !error.isEmpty())
             return error;
         if (m_store.setValue(m_current, name, type, bytes) != SettingsStore::Success)
-            return QStringLiteral("value \"%1\" cannot be written").arg(name);
+            return QStringLiteral("value \"%1\" cannot be written: %2")
+                .arg(SettingsStore::visibleName(name), m_store.lastFailure());
         ++result.values;
         return {};
     }
@@ -211,12 +223,18 @@ RegFile::RegFile(SettingsStore& store)
 qint32 RegFile::exportKey(const KeyPath& key, QString& text)
 {
     text = Header + QLatin1Char('\n');
+    m_leftOut.clear();
     SettingsStore::Handle handle = 0;
     const qint32 status = m_store.openKey(key.hive, key.path, handle);
     if (status != SettingsStore::Success)
         return status;
     const QStringList parts = key.path.split(QLatin1Char('\\'), Qt::SkipEmptyParts);
     const QString display = (QStringList{hiveName(key.hive)} + parts).join(QLatin1Char('\\'));
+    if (!SettingsStore::nameProblem(key.path).isEmpty()) {
+        m_store.closeKey(handle);
+        m_leftOut.append(SettingsStore::visibleName(display));
+        return SettingsStore::Success;
+    }
     const qint32 result = exportTree(handle, display, parts.isEmpty(), text);
     m_store.closeKey(handle);
     return result;
@@ -225,6 +243,7 @@ qint32 RegFile::exportKey(const KeyPath& key, QString& text)
 qint32 RegFile::exportAll(QString& text)
 {
     text = Header + QLatin1Char('\n');
+    m_leftOut.clear();
     for (const SettingsStore::Handle hive : {SettingsStore::MachineHive, SettingsStore::UserHive}) {
         const qint32 status = exportTree(hive, hiveName(hive), true, text);
         if (status != SettingsStore::Success)
@@ -240,15 +259,24 @@ qint32 RegFile::exportTree(SettingsStore::Handle key, const QString& displayPath
     qint32 status = m_store.listValues(key, values);
     if (status != SettingsStore::Success)
         return status;
+    // A key is shown by its path, a value by its key's path and its quoted name.
+    const auto leaveOut = [this, &displayPath](const QString& name, const QString& shownAs) {
+        if (SettingsStore::nameProblem(name).isEmpty())
+            return false;
+        m_leftOut.append(displayPath + shownAs.arg(SettingsStore::visibleName(name)));
+        return true;
+    };
     if (!isHive || !values.isEmpty()) {
         text += QStringLiteral("\n[") + displayPath + QStringLiteral("]\n");
         for (const SettingsStore::Value& value : std::as_const(values))
-            text += valueLine(value) + QLatin1Char('\n');
+            if (!leaveOut(value.name, QStringLiteral(" \"%1\"")))
+                text += valueLine(value) + QLatin1Char('\n');
     }
     QStringList subKeys;
     QString name;
     for (quint32 index = 0; m_store.enumKey(key, index, name) == SettingsStore::Success; ++index)
-        subKeys.append(name);
+        if (!leaveOut(name, QStringLiteral("\\%1")))
+            subKeys.append(name);
     for (const QString& subKey : std::as_const(subKeys)) {
         SettingsStore::Handle child = 0;
         // A subkey that went meanwhile is simply not exported.

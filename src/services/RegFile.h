@@ -11,8 +11,9 @@
 //   "PollInterval"=dword:00004e20
 //   "Language"="de"
 //
-// "[-KEY]" deletes a key with everything below it, "Name"=- a value. Other stored types are
-// written as hex(N): byte lists, so that an export reads back exactly.
+// "[-KEY]" deletes a key with everything below it, "Name"=- a value. Other stored types, and
+// texts that aren't UTF-8 with one closing NUL, are written as hex(N): byte lists, so that an
+// export reads back exactly. Blanks at either end of a name are part of it.
 class RegFile
 {
 public:
@@ -32,6 +33,9 @@ public:
     qint32 exportKey(const KeyPath& key, QString& text);
     // Both hives whole.
     qint32 exportAll(QString& text);
+    // What the last export left out: keys and values whose names no .reg line can hold,
+    // which an older version let into the store. Shown as the store's visible names.
+    const QStringList& leftOut() const { return m_leftOut; }
 
     struct ImportResult
     {
@@ -48,4 +52,5 @@ private:
                       QString& text);
 
     SettingsStore& m_store;
+    QStringList m_leftOut;
 };

@@ -47,12 +47,19 @@ QString subtreeEnd(const QString& path)
 {
     return path + QLatin1Char(']');
 }
+
+// The whole text of a column, also past a NUL that an older version let into a name.
+QString textColumn(sqlite3_stmt* stmt, int column)
+{
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, column)),
+                             sqlite3_column_bytes(stmt, column));
+}
 } // namespace
 
-SettingsStore::SettingsStore(QString filePath)
+SettingsStore::SettingsStore(QString filePath, Mode mode)
     : m_filePath(std::move(filePath))
 {
-    open();
+    open(mode);
     m_keys.insert(MachineHive, OpenKey(MachineHiveId, QStringLiteral("HKLM")));
     m_keys.insert(UserHive, OpenKey(UserHiveId, QStringLiteral("HKCU")));
 }
@@ -97,10 +104,41 @@ void SettingsStore::install(std::shared_ptr<SettingsStore> store)
     processStore() = std::move(store);
 }
 
-void SettingsStore::open()
+QString SettingsStore::nameProblem(const QString& name)
+{
+    // A line of .reg text holds one name; a NUL ends a name for many tools.
+    static const struct
+    {
+        QChar character;
+        const char* what;
+    } forbidden[] = {{QChar(u'\n'), "a line break (\\n)"},
+                     {QChar(u'\r'), "a carriage return (\\r)"},
+                     {QChar(u'\0'), "a NUL character (\\0)"}};
+    for (const auto& [character, what] : forbidden)
+        if (name.contains(character))
+            return QStringLiteral("\"%1\" can't be stored: a name may not hold %2")
+                .arg(visibleName(name), QLatin1String(what));
+    return {};
+}
+
+QString SettingsStore::visibleName(const QString& name)
+{
+    QString shown = name;
+    shown.replace(QLatin1Char('\n'), QStringLiteral("\\n"))
+        .replace(QLatin1Char('\r'), QStringLiteral("\\r"))
+        .replace(QChar(u'\0'), QStringLiteral("\\0"));
+    return shown;
+}
+
+void SettingsStore::open(Mode mode)
 {
     const QFileInfo file(m_filePath);
     const bool existed = file.exists() && file.size() > 0;
+    if (mode == Mode::ReadOnly && !existed) {
+        m_problem = file.exists() ? QStringLiteral("the file is empty")
+                                  : QStringLiteral("there is no such file");
+        return;
+    }
     if (!existed && !QDir().mkpath(file.absolutePath())) {
         m_problem = QStringLiteral("its folder %1 cannot be created").arg(file.absolutePath());
         return;
@@ -109,7 +147,9 @@ void SettingsStore::open()
         m_problem = QStringLiteral("it is a folder");
         return;
     }
-    const int flags = SQLITE_OPEN_READWRITE | (existed ? 0 : SQLITE_OPEN_CREATE);
+    const int flags = mode == Mode::ReadOnly
+                          ? SQLITE_OPEN_READONLY
+                          : SQLITE_OPEN_READWRITE | (existed ? 0 : SQLITE_OPEN_CREATE);
     if (sqlite3_open_v2(QFile::encodeName(m_filePath).constData(), &m_db, flags, nullptr) !=
         SQLITE_OK) {
         m_problem = lastError();
@@ -133,8 +173,14 @@ void SettingsStore::open()
     sqlite3_stmt* header = statement("PRAGMA application_id");
     if (!header || sqlite3_step(header) != SQLITE_ROW) {
         const int code = sqlite3_errcode(m_db);
-        fail(code == SQLITE_NOTADB
-                 ? QStringLiteral("the file is not a settings store")
+        // The journal files lie beside the store: a folder that can't take them keeps it shut.
+        const bool folderShut = (code == SQLITE_READONLY || code == SQLITE_CANTOPEN) &&
+                                !QFileInfo(file.absolutePath()).isWritable();
+        fail(code == SQLITE_NOTADB ? QStringLiteral("the file is not a settings store")
+             : folderShut
+                 ? QStringLiteral("its folder %1 is read-only, and the store keeps its journal "
+                                  "files there")
+                       .arg(file.absolutePath())
                  : QStringLiteral("the file cannot be read (%1)").arg(lastError()));
         return;
     }
@@ -144,10 +190,7 @@ void SettingsStore::open()
     if (applicationId == ApplicationId) {
         sqlite3_stmt* check = statement("PRAGMA quick_check(1)");
         const bool readable = check && sqlite3_step(check) == SQLITE_ROW;
-        const QString verdict =
-            readable
-                ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)))
-                : lastError();
+        const QString verdict = readable ? textColumn(check, 0) : lastError();
         if (check)
             sqlite3_reset(check);
         if (verdict != QLatin1String("ok")) {
@@ -164,14 +207,39 @@ void SettingsStore::open()
             fail(QStringLiteral("the file is a database of another program, not a settings store"));
             return;
         }
+        if (mode == Mode::ReadOnly) {
+            fail(QStringLiteral("the file is not a settings store"));
+            return;
+        }
         if (!initialiseSchema()) {
             fail(QStringLiteral("the store cannot be set up (%1)").arg(lastError()));
             return;
         }
     }
+    if (mode == Mode::ReadOnly)
+        return;
     // WAL lets readers in other processes go on while one process writes.
     exec("PRAGMA journal_mode=WAL");
     exec("PRAGMA synchronous=NORMAL");
+}
+
+QString SettingsStore::writeProblem() const
+{
+    if (!m_db)
+        return m_problem;
+    return sqlite3_db_readonly(m_db, "main") == 0 ? QString()
+                                                  : QStringLiteral("the file is read-only");
+}
+
+qint32 SettingsStore::failWith(qint32 status, const QString& why)
+{
+    m_lastFailure = why;
+    return status;
+}
+
+qint32 SettingsStore::databaseFailure()
+{
+    return failWith(BadDatabase, lastError());
 }
 
 bool SettingsStore::initialiseSchema()
@@ -224,10 +292,10 @@ QStringList SettingsStore::components(const QString& path)
 qint32 SettingsStore::lookUp(Handle key, OpenKey*& open)
 {
     if (!m_db)
-        return BadDatabase;
+        return failWith(BadDatabase, m_problem);
     const auto it = m_keys.find(key);
     open = it == m_keys.end() ? nullptr : &it.value();
-    return open ? Success : InvalidHandle;
+    return open ? Success : failWith(InvalidHandle, QStringLiteral("the key is not open"));
 }
 
 QString SettingsStore::pathBelow(const OpenKey& base, const QString& path)
@@ -278,9 +346,14 @@ qint32 SettingsStore::createKey(Handle parent, const QString& path, Handle& key)
     if (const qint32 status = lookUp(parent, base))
         return status;
     const QStringList parts = components(path);
+    if (const QString problem = nameProblem(path); !problem.isEmpty())
+        return failWith(InvalidParameter, problem);
     for (const QString& part : parts)
         if (part.size() > MaxKeyNameLength)
-            return InvalidParameter;
+            return failWith(InvalidParameter, QStringLiteral("\"%1\" can't be stored: a key name "
+                                                             "may not be longer than %2 characters")
+                                                  .arg(part.left(20) + QStringLiteral("..."))
+                                                  .arg(MaxKeyNameLength));
 
     qint64 id = base->id;
     QString full = base->path;
@@ -300,7 +373,7 @@ qint32 SettingsStore::createKey(Handle parent, const QString& path, Handle& key)
             sqlite3_stmt* insert =
                 statement("INSERT INTO store_keys(parent, name, path) VALUES (?1, ?2, ?3)");
             if (!insert)
-                return BadDatabase;
+                return databaseFailure();
             const QByteArray name = part.toUtf8();
             const QByteArray folded = full.toUtf8();
             sqlite3_bind_int64(insert, 1, id);
@@ -309,7 +382,7 @@ qint32 SettingsStore::createKey(Handle parent, const QString& path, Handle& key)
             const int rc = sqlite3_step(insert);
             sqlite3_reset(insert);
             if (rc != SQLITE_DONE)
-                return BadDatabase;
+                return databaseFailure();
             childId = sqlite3_last_insert_rowid(m_db);
         }
         id = childId;
@@ -330,7 +403,7 @@ qint32 SettingsStore::queryValue(Handle key, const QString& name, quint32& type,
     sqlite3_stmt* stmt =
         statement("SELECT type, data FROM store_values WHERE key = ?1 AND folded = ?2");
     if (!stmt)
-        return BadDatabase;
+        return databaseFailure();
     const QByteArray folded = fold(name).toUtf8();
     sqlite3_bind_int64(stmt, 1, open->id);
     sqlite3_bind_text(stmt, 2, folded.constData(), int(folded.size()), SQLITE_STATIC);
@@ -359,13 +432,15 @@ qint32 SettingsStore::setValue(Handle key, const QString& name, quint32 type,
     OpenKey* open = nullptr;
     if (const qint32 status = lookUp(key, open))
         return status;
+    if (const QString problem = nameProblem(name); !problem.isEmpty())
+        return failWith(InvalidParameter, problem);
     // The key may have gone meanwhile, deleted here or by another process.
     sqlite3_stmt* stmt = statement(
         "INSERT INTO store_values(key, folded, name, type, data) "
         "SELECT ?1, ?2, ?3, ?4, ?5 WHERE EXISTS (SELECT 1 FROM store_keys WHERE id = ?1) "
         "ON CONFLICT(key, folded) DO UPDATE SET type = excluded.type, data = excluded.data");
     if (!stmt)
-        return BadDatabase;
+        return databaseFailure();
     const QByteArray folded = fold(name).toUtf8();
     const QByteArray utf8 = name.toUtf8();
     sqlite3_bind_int64(stmt, 1, open->id);
@@ -376,8 +451,9 @@ qint32 SettingsStore::setValue(Handle key, const QString& name, quint32 type,
     const int rc = sqlite3_step(stmt);
     sqlite3_reset(stmt);
     if (rc != SQLITE_DONE)
-        return BadDatabase;
-    return sqlite3_changes(m_db) > 0 ? Success : KeyDeleted;
+        return databaseFailure();
+    return sqlite3_changes(m_db) > 0 ? Success
+                                     : failWith(KeyDeleted, QStringLiteral("the key is gone"));
 }
 
 qint32 SettingsStore::enumKey(Handle key, quint32 index, QString& name)
@@ -391,12 +467,11 @@ qint32 SettingsStore::enumKey(Handle key, quint32 index, QString& name)
         sqlite3_stmt* stmt =
             statement("SELECT name FROM store_keys WHERE parent = ?1 ORDER BY path");
         if (!stmt)
-            return BadDatabase;
+            return databaseFailure();
         sqlite3_bind_int64(stmt, 1, open->id);
         open->subKeys.clear();
         while (sqlite3_step(stmt) == SQLITE_ROW)
-            open->subKeys.append(
-                QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))));
+            open->subKeys.append(textColumn(stmt, 0));
         sqlite3_reset(stmt);
         open->subKeysLoaded = true;
         open->subKeysGeneration = m_treeGeneration;
@@ -414,9 +489,9 @@ qint32 SettingsStore::deleteKeyTree(Handle key, const QString& subKey)
         return status;
     const QString target = pathBelow(*open, subKey);
     if (target == QLatin1String("HKLM") || target == QLatin1String("HKCU"))
-        return AccessDenied;
+        return failWith(AccessDenied, QStringLiteral("a hive can't be deleted"));
     if (keyIdOf(target) == 0)
-        return FileNotFound;
+        return failWith(FileNotFound, QStringLiteral("there is no such key"));
 
     const QByteArray path = target.toUtf8();
     const QByteArray below = (target + QLatin1Char('\\')).toUtf8();
@@ -434,20 +509,22 @@ qint32 SettingsStore::deleteKeyTree(Handle key, const QString& subKey)
         statement("DELETE FROM store_values WHERE key IN (SELECT id FROM store_keys "
                   "WHERE path = ?1 OR (path >= ?2 AND path < ?3))");
     if (!values)
-        return BadDatabase;
+        return databaseFailure();
     bindRange(values);
     int rc = sqlite3_step(values);
     sqlite3_reset(values);
     if (rc != SQLITE_DONE)
-        return BadDatabase;
+        return databaseFailure();
     sqlite3_stmt* keys =
         statement("DELETE FROM store_keys WHERE path = ?1 OR (path >= ?2 AND path < ?3)");
     if (!keys)
-        return BadDatabase;
+        return databaseFailure();
     bindRange(keys);
     rc = sqlite3_step(keys);
     sqlite3_reset(keys);
-    if (rc != SQLITE_DONE || !transaction.commit())
+    if (rc != SQLITE_DONE)
+        return databaseFailure();
+    if (!transaction.commit())
         return BadDatabase;
     ++m_treeGeneration;
     return Success;
@@ -468,15 +545,13 @@ qint32 SettingsStore::listValues(Handle key, QList<Value>& values)
     sqlite3_stmt* stmt =
         statement("SELECT name, type, data FROM store_values WHERE key = ?1 ORDER BY folded");
     if (!stmt)
-        return BadDatabase;
+        return databaseFailure();
     sqlite3_bind_int64(stmt, 1, open->id);
     values.clear();
     while (sqlite3_step(stmt) == SQLITE_ROW) {
-        values.append(
-            {QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))),
-             quint32(sqlite3_column_int64(stmt, 1)),
-             QByteArray(static_cast<const char*>(sqlite3_column_blob(stmt, 2)),
-                        sqlite3_column_bytes(stmt, 2))});
+        values.append({textColumn(stmt, 0), quint32(sqlite3_column_int64(stmt, 1)),
+                       QByteArray(static_cast<const char*>(sqlite3_column_blob(stmt, 2)),
+                                  sqlite3_column_bytes(stmt, 2))});
     }
     sqlite3_reset(stmt);
     return Success;
@@ -489,28 +564,34 @@ qint32 SettingsStore::deleteValue(Handle key, const QString& name)
         return status;
     sqlite3_stmt* stmt = statement("DELETE FROM store_values WHERE key = ?1 AND folded = ?2");
     if (!stmt)
-        return BadDatabase;
+        return databaseFailure();
     const QByteArray folded = fold(name).toUtf8();
     sqlite3_bind_int64(stmt, 1, open->id);
     sqlite3_bind_text(stmt, 2, folded.constData(), int(folded.size()), SQLITE_STATIC);
     const int rc = sqlite3_step(stmt);
     sqlite3_reset(stmt);
     if (rc != SQLITE_DONE)
-        return BadDatabase;
-    return sqlite3_changes(m_db) > 0 ? Success : FileNotFound;
+        return databaseFailure();
+    return sqlite3_changes(m_db) > 0
+               ? Success
+               : failWith(FileNotFound, QStringLiteral("there is no such value"));
 }
 
 bool SettingsStore::beginTransaction()
 {
-    if (!m_db)
+    if (!m_db) {
+        m_lastFailure = m_problem;
         return false;
+    }
     // The outermost level takes the write lock at once, so two processes never both hold
     // a read lock that each needs to upgrade.
     const QByteArray sql = m_transactionDepth == 0
                                ? QByteArray("BEGIN IMMEDIATE")
                                : "SAVEPOINT level" + QByteArray::number(m_transactionDepth);
-    if (!exec(sql.constData()))
+    if (!exec(sql.constData())) {
+        m_lastFailure = lastError();
         return false;
+    }
     ++m_transactionDepth;
     return true;
 }
@@ -558,8 +639,10 @@ bool SettingsStore::commitTransaction()
     const QByteArray sql = m_transactionDepth == 1
                                ? QByteArray("COMMIT")
                                : "RELEASE level" + QByteArray::number(m_transactionDepth - 1);
-    if (!exec(sql.constData()))
+    if (!exec(sql.constData())) {
+        m_lastFailure = lastError();
         return false;
+    }
     --m_transactionDepth;
     return true;
 }

@@ -21,7 +21,9 @@ struct sqlite3_stmt;
 //   closeKey      RegCloseKey
 //
 // Key paths and value names compare without regard to case and keep the case they were
-// created with. There are no access rights: every caller may do everything.
+// created with. A name holds no NUL, CR or LF: the store refuses such a name from every
+// writer, so that every key and value can be written as a line of .reg text and read back.
+// There are no access rights: every caller may do everything.
 //
 // A file that isn't a store, or is damaged, is left exactly as it is: the store reports
 // which file and what is wrong through problem(), and every operation fails with
@@ -55,7 +57,12 @@ public:
         QByteArray data;
     };
 
-    explicit SettingsStore(QString filePath);
+    enum class Mode {
+        ReadWrite, // made, with its folder, when missing
+        ReadOnly,  // only a store that is there, never made or changed
+    };
+
+    explicit SettingsStore(QString filePath, Mode mode = Mode::ReadWrite);
     ~SettingsStore();
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
@@ -63,6 +70,18 @@ public:
     const QString& filePath() const { return m_filePath; }
     bool isAvailable() const { return m_db != nullptr; }
     const QString& problem() const { return m_problem; }
+    // Why nothing can be written: a store opened read-only, or a file the user may not
+    // write. Empty when it can.
+    QString writeProblem() const;
+    // Why the last operation that failed did, in words: a name refused, a full disk, a
+    // read-only file.
+    const QString& lastFailure() const { return m_lastFailure; }
+
+    // Why `name`, a key's or a value's name or a key path, can't be stored; empty when it
+    // can.
+    static QString nameProblem(const QString& name);
+    // The name with NUL, CR and LF shown as \0, \r and \n, for a message or a listing.
+    static QString visibleName(const QString& name);
 
     // $VIGIL_STORE, else store.sqlite in korvex-vigil below the user's data folder.
     static QString defaultFilePath();
@@ -127,7 +146,9 @@ private:
         bool subKeysLoaded = false;
     };
 
-    void open();
+    void open(Mode mode);
+    qint32 failWith(qint32 status, const QString& why);
+    qint32 databaseFailure();
     bool initialiseSchema();
     bool exec(const char* sql);
     sqlite3_stmt* statement(const char* sql);
@@ -143,6 +164,7 @@ private:
 
     QString m_filePath;
     QString m_problem;
+    QString m_lastFailure;
     sqlite3* m_db = nullptr;
     QHash<const char*, sqlite3_stmt*> m_statements;
     QHash<Handle, OpenKey> m_keys;

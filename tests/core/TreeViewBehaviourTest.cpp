@@ -100,6 +100,15 @@ TEST_F(TreeViewBehaviourTest, RenamingKeepsGroupNamesUniqueAmongSiblings)
     m_control->treePrinters_AfterLabelEdit(cancel, "Other");
     EXPECT_EQ(g_oComponents->Find("GPB")->m_sName, QStringLiteral("Line 1"));
 
+    // A name the store can't take back from a backup is refused, and said.
+    cancel = false;
+    m_control->treePrinters_AfterLabelEdit(cancel, "Hall\nB");
+    EXPECT_TRUE(cancel);
+    EXPECT_EQ(g_oComponents->Find("GPB")->m_sName, QStringLiteral("Line 1"));
+    ASSERT_EQ(m_dialogs->boxes().size(), 2);
+    EXPECT_TRUE(m_dialogs->boxes()[1].text.startsWith("\"Hall\\nB\" can't be stored"))
+        << m_dialogs->boxes()[1].text.toStdString();
+
     // The root takes a new name for this run.
     click("GPRoot");
     cancel = false;

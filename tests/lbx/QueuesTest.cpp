@@ -82,6 +82,9 @@ TEST_F(QueuesTest, TheStoreKeepsQueuesByNameAndRefusesClashes)
     EXPECT_FALSE(QueueStore::add(record("LINE 1"), problem));
     EXPECT_TRUE(problem.contains("already")) << problem.toStdString();
     EXPECT_FALSE(QueueStore::add(record(" "), problem) || QueueStore::add(record("A\\B"), problem));
+    // A line break would break every later backup of the store.
+    EXPECT_EQ(QueueStore::add(record("Line\n4"), problem).kind, QueueStore::Outcome::Refused);
+    EXPECT_EQ(problem, "\"Line\\n4\" can't be stored: a name may not hold a line break (\\n)");
     EXPECT_FALSE(QueueStore::remove("Line 9", problem));
     EXPECT_TRUE(problem.contains("no queue"));
     EXPECT_FALSE(QueueStore::remove("", problem));

@@ -1,5 +1,9 @@
 #include "services/RegFile.h"
 
+#include "support/OlderStore.h"
+#include "support/RegRoundTrip.h"
+
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -125,5 +129,107 @@ TEST_F(RegFileTest, KeyPathsNameTheirHive)
     auto store = newStore(QStringLiteral("s.sqlite"));
     QString text;
     EXPECT_EQ(RegFile(*store).exportKey(*machine, text), SettingsStore::FileNotFound);
+}
+
+// Names of every kind a site gives: blanks at either end, quotes, brackets, "=", non-ASCII,
+// and backslashes in value names; each a number of its own, so that siblings never fold to
+// one name.
+QString generatedName(QRandomGenerator& random, int number, bool backslashes)
+{
+    static const QString pieces[] = {" ", "\"", "[",  "]", "=",  "@",    ";", "-", "ä",
+                                     "ß", "€",  "日", "😀", "\t", "Line", "x", "Y"};
+    QString name;
+    const int length = random.bounded(1, 6);
+    for (int i = 0; i < length; ++i)
+        name += pieces[random.bounded(int(std::size(pieces)))];
+    if (backslashes && random.bounded(2))
+        name.insert(random.bounded(name.size() + 1), QLatin1Char('\\'));
+    name.insert(random.bounded(name.size() + 1), QString::number(number));
+    switch (random.bounded(4)) {
+    case 0:
+        return QLatin1Char(' ') + name;
+    case 1:
+        return name + QStringLiteral("  ");
+    default:
+        return name;
+    }
+}
+
+TEST_F(RegFileTest, GeneratedNamesComeBackByteForByte)
+{
+    for (quint32 seed = 1; seed <= 12; ++seed) {
+        SCOPED_TRACE(seed);
+        QRandomGenerator random(seed);
+        auto store = newStore(QStringLiteral("%1.sqlite").arg(seed));
+        QStringList keys{QString()};
+        for (int number = 0; number < 12; ++number) {
+            const QString parent = keys.at(random.bounded(keys.size()));
+            const QString key = (parent.isEmpty() ? QString() : parent + QLatin1Char('\\')) +
+                                generatedName(random, number, false);
+            const Handle hive =
+                random.bounded(2) ? SettingsStore::MachineHive : SettingsStore::UserHive;
+            Handle handle = 0;
+            ASSERT_EQ(store->createKey(hive, key, handle), 0);
+            for (int value = random.bounded(4); value > 0; --value) {
+                const QString name = value == 3 ? QString() : generatedName(random, value, true);
+                const QByteArray text =
+                    (generatedName(random, value, true) + "\r\n").toUtf8() + QByteArray(1, 0);
+                const QByteArray data =
+                    random.bounded(2) ? text : QByteArray::number(random.generate(), 16);
+                ASSERT_EQ(store->setValue(handle, name, random.bounded(1, 5), data), 0);
+            }
+            store->closeKey(handle);
+            keys.append(key);
+        }
+        const QString backup = exported(*store);
+        EXPECT_EQ(RoundTripFault(backup), QString()) << backup.toStdString();
+    }
+}
+
+TEST_F(RegFileTest, NamesTheStoreRefusesImportNothingAndSaySoInOneLine)
+{
+    auto store = newStore(QStringLiteral("s.sqlite"));
+    const QString before = exported(*store);
+    const std::pair<QString, QString> refused[] = {
+        {"[HKLM\\A" + QString(QChar(0)) + "B]\n",
+         "line 1: key HKLM\\A\\0B cannot be created: \"A\\0B\" can't be stored"},
+        {"[HKLM\\A]\n\"x\\ny\"=dword:1\n",
+         "line 2: value \"x\\ny\" cannot be written: \"x\\ny\" can't be stored"},
+        {"[HKLM\\A]\n\"x\\ry\"=\"\"\n", "line 2: value \"x\\ry\" cannot be written"},
+    };
+    for (const auto& [text, error] : refused) {
+        const RegFile::ImportResult result = RegFile(*store).importText(text);
+        EXPECT_FALSE(result.ok);
+        EXPECT_TRUE(result.error.startsWith(error)) << result.error.toStdString();
+        EXPECT_FALSE(result.error.contains('\n') || result.error.contains(QChar(0)));
+        EXPECT_EQ(exported(*store), before);
+    }
+}
+
+TEST_F(RegFileTest, AnOldStoreWithNamesNoLineCanHoldExportsTheRestAndSaysWhatItLeftOut)
+{
+    {
+        auto store = newStore(QStringLiteral("old.sqlite"));
+        set(*store, SettingsStore::MachineHive, QStringLiteral("Old\\Kept"), QStringLiteral("v"), 4,
+            QByteArray(4, 0));
+        set(*store, SettingsStore::MachineHive, QStringLiteral("Old\\Nul"), QStringLiteral("v"), 4,
+            QByteArray(4, 0));
+        set(*store, SettingsStore::MachineHive, QStringLiteral("Old\\Kept"), QStringLiteral("w"), 4,
+            QByteArray(4, 0));
+    }
+    // A key named by one NUL, and a value named with a line break.
+    ASSERT_TRUE(WriteAsAnOlderVersion(
+        m_dir.filePath(QStringLiteral("old.sqlite")),
+        "UPDATE store_keys SET name = CAST(X'00' AS TEXT), "
+        "path = 'HKLM\\OLD\\' || CAST(X'00' AS TEXT) WHERE path = 'HKLM\\OLD\\NUL';"
+        "UPDATE store_values SET name = 'a' || char(10) || 'b', folded = 'A' || char(10) || 'B' "
+        "WHERE folded = 'W';"));
+    SettingsStore store(m_dir.filePath(QStringLiteral("old.sqlite")));
+    RegFile file(store);
+    QString text;
+    ASSERT_EQ(file.exportAll(text), 0);
+    EXPECT_EQ(text, QStringLiteral("Windows Registry Editor Version 5.00\n\n[HKLM\\Old]\n\n"
+                                   "[HKLM\\Old\\Kept]\n\"v\"=dword:00000000\n"));
+    EXPECT_EQ(file.leftOut(), (QStringList{"HKLM\\Old\\\\0", "HKLM\\Old\\Kept \"a\\nb\""}));
 }
 } // namespace

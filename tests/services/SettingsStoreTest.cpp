@@ -191,4 +191,51 @@ TEST_F(SettingsStoreTest, AFileThatIsNotAStoreIsLeftAlone)
     ASSERT_TRUE(notes.open(QIODevice::ReadOnly));
     EXPECT_EQ(notes.readAll(), before);
 }
+
+TEST_F(SettingsStoreTest, NamesWithNulCrOrLfAreRefusedAndNothingIsStored)
+{
+    SettingsStore store(path());
+    const Handle key = create(store, HKLM, "Software");
+    const QString odd[] = {"Line\n1", "Line\r1", QStringLiteral("Line") + QChar(0) + "1"};
+    for (const QString& name : odd) {
+        SCOPED_TRACE(SettingsStore::visibleName(name).toStdString());
+        Handle created = 0;
+        EXPECT_EQ(store.createKey(HKLM, "Software\\Queues\\" + name, created),
+                  SettingsStore::InvalidParameter);
+        const QString why = store.lastFailure();
+        EXPECT_TRUE(why.startsWith("\"Software\\Queues\\" + SettingsStore::visibleName(name) +
+                                   "\" can't be stored: a name may not hold"))
+            << why.toStdString();
+        EXPECT_FALSE(why.contains('\n') || why.contains('\r') || why.contains(QChar(0)));
+        EXPECT_EQ(store.setValue(key, name, 4, dword(1)), SettingsStore::InvalidParameter);
+        EXPECT_EQ(store.lastFailure(), SettingsStore::nameProblem(name));
+    }
+    EXPECT_EQ(subKeys(store, HKLM, "Software"), QStringList());
+    QList<SettingsStore::Value> values;
+    ASSERT_EQ(store.listValues(key, values), 0);
+    EXPECT_TRUE(values.isEmpty());
+    EXPECT_EQ(SettingsStore::nameProblem(" Line 1 [\"=\\] Zweite Straße "), QString());
+}
+
+TEST_F(SettingsStoreTest, AReadOnlyStoreIsNeverMadeNorChanged)
+{
+    SettingsStore missing(path("absent/store.sqlite"), SettingsStore::Mode::ReadOnly);
+    EXPECT_FALSE(missing.isAvailable());
+    EXPECT_EQ(missing.problem(), QStringLiteral("there is no such file"));
+    EXPECT_FALSE(QFile::exists(path("absent")));
+
+    {
+        SettingsStore writer(path());
+        ASSERT_EQ(writer.setValue(create(writer, HKCU, "Kept"), "v", 4, dword(3)), 0);
+        EXPECT_EQ(writer.writeProblem(), QString());
+    }
+    SettingsStore reader(path(), SettingsStore::Mode::ReadOnly);
+    ASSERT_TRUE(reader.isAvailable()) << reader.problem().toStdString();
+    EXPECT_EQ(reader.writeProblem(), QStringLiteral("the file is read-only"));
+    Handle key = 0;
+    ASSERT_EQ(reader.openKey(HKCU, "kept", key), 0);
+    EXPECT_EQ(query(reader, key, "V"), 0);
+    EXPECT_EQ(reader.setValue(key, "v", 4, dword(4)), SettingsStore::BadDatabase);
+    EXPECT_TRUE(reader.lastFailure().contains("readonly")) << reader.lastFailure().toStdString();
+}
 } // namespace

@@ -54,6 +54,10 @@ TEST_F(AddPrinterDialogTest, OkIsRefusedWithTheReasonUntilNameAndPortCanBeUsed)
     }
     // The simulator's own reason for a knob it won't take.
     EXPECT_TRUE(problemOf(dialog, "portProblem").startsWith("Not a port: the knob \"ink\""));
+    // A name the store can't take back from a backup.
+    submit(dialog, "Line\r1", "10.0.4.21:9100");
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_TRUE(problemOf(dialog, "nameProblem").contains("carriage return"));
 
     submit(dialog, " Filler 9 ", "sim:c-series?ink=1");
     EXPECT_EQ(dialog.result(), QDialog::Accepted);

@@ -42,6 +42,11 @@ QString LbxApplication::DefaultQueueName() const
 
 bool LbxApplication::IsAdministrator() const
 {
+    return currentUserIsAdministrator();
+}
+
+bool LbxApplication::currentUserIsAdministrator()
+{
     return UserRights::isAdministrator(setting(AdministratorsValue), UserRights::userName(),
                                        UserRights::groupNames());
 }

@@ -30,6 +30,8 @@ public:
     QString DefaultQueueName() const override;
     class LabelSets& LabelSets() override { return m_labelSets; }
     bool IsAdministrator() const override;
+    // The same answer without an application, for tools that change the store.
+    static bool currentUserIsAdministrator();
 
     // For the adapter's attach factory.
     static std::shared_ptr<Application> attach();

@@ -49,18 +49,26 @@ QList<QueueRecord> QueueStore::load()
     return records;
 }
 
-bool QueueStore::add(const QueueRecord& record, QString& problem)
+QString QueueStore::nameProblem(const QString& name)
 {
-    if (record.name.trimmed().isEmpty() || record.name.contains(QLatin1Char('\\'))) {
-        problem = QStringLiteral("\"%1\" can't name a queue: it must not be empty or hold a "
-                                 "backslash")
-                      .arg(record.name);
-        return false;
-    }
-    SettingsStore::Transaction transaction(SettingsStore::process());
+    if (name.trimmed().isEmpty())
+        return QStringLiteral("a queue needs a name");
+    if (name.contains(QLatin1Char('\\')))
+        return QStringLiteral("\"%1\" can't name a queue: it holds a backslash")
+            .arg(SettingsStore::visibleName(name));
+    return SettingsStore::nameProblem(name);
+}
+
+QueueStore::Outcome QueueStore::add(const QueueRecord& record, QString& problem)
+{
+    problem = nameProblem(record.name);
+    if (!problem.isEmpty())
+        return {Outcome::Refused};
+    SettingsStore& store = SettingsStore::process();
+    SettingsStore::Transaction transaction(store);
     if (taken(record.name)) {
         problem = QStringLiteral("there is a queue \"%1\" already").arg(record.name);
-        return false;
+        return {Outcome::Refused};
     }
     const QString key = keyOf(record.name);
     const bool written =
@@ -69,25 +77,26 @@ bool QueueStore::add(const QueueRecord& record, QString& problem)
                    qint32(record.printerNumber)) == 0 &&
         WriteValue(HKEY_LOCAL_MACHINE, key, FriendlyNameValue, REG_SZ, record.friendlyName) == 0;
     if (!written || !transaction.commit()) {
-        problem = QStringLiteral("the queue could not be written to %1")
-                      .arg(SettingsStore::process().filePath());
-        return false;
+        problem = QStringLiteral("the queue could not be written to %1: %2")
+                      .arg(store.filePath(), store.lastFailure());
+        return {Outcome::NotWritten};
     }
-    return true;
+    return {};
 }
 
-bool QueueStore::remove(const QString& name, QString& problem)
+QueueStore::Outcome QueueStore::remove(const QString& name, QString& problem)
 {
     const qint32 status =
         name.isEmpty() ? SettingsStore::FileNotFound : DeleteKeyAt(HKEY_LOCAL_MACHINE, keyOf(name));
     if (status == SettingsStore::FileNotFound) {
-        problem = QStringLiteral("there is no queue \"%1\"").arg(name);
-        return false;
+        problem = QStringLiteral("there is no queue \"%1\"").arg(SettingsStore::visibleName(name));
+        return {Outcome::NoSuchQueue};
     }
     if (status != SettingsStore::Success) {
-        problem = QStringLiteral("the queue could not be removed from %1")
-                      .arg(SettingsStore::process().filePath());
-        return false;
+        SettingsStore& store = SettingsStore::process();
+        problem = QStringLiteral("the queue could not be removed from %1: %2")
+                      .arg(store.filePath(), store.lastFailure());
+        return {Outcome::NotWritten};
     }
-    return true;
+    return {};
 }

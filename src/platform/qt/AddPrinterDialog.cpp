@@ -1,6 +1,7 @@
 #include "platform/qt/AddPrinterDialog.h"
 
 #include "platform/lbx/PortAddress.h"
+#include "platform/lbx/QueueStore.h"
 #include "platform/qt/PrinterFamily.h"
 #include "sim/SimPrinter.h"
 
@@ -107,11 +108,8 @@ void AddPrinterDialog::followNumber(int number)
 
 QString AddPrinterDialog::nameProblem(const QString& name)
 {
-    if (name.trimmed().isEmpty())
-        return tr("Give the printer a name");
-    if (name.contains(QLatin1Char('\\')))
-        return tr("No backslash in a name");
-    return {};
+    // The name is stored without the blanks at its ends.
+    return QueueStore::nameProblem(name.trimmed());
 }
 
 QString AddPrinterDialog::portProblem(const QString& port)
