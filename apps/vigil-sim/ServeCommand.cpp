@@ -70,7 +70,7 @@ std::unique_ptr<SimServer> ServeCommand::serve(const ScenarioPrinter& printer, Q
     std::unique_ptr<SimPrinter> simPrinter = SimPrinter::create(printer.kind, *knobs, error);
     if (!simPrinter)
         return nullptr;
-    auto server = std::make_unique<SimServer>(printer.name, std::move(simPrinter));
+    auto server = std::make_unique<SimServer>(printer.name, std::move(simPrinter), *knobs);
     if (!server->listen(printer.listen, error))
         return nullptr;
     return server;

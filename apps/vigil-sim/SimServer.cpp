@@ -23,15 +23,17 @@ bool parseAddress(const QString& text, QHostAddress& host, quint16& port)
 }
 } // namespace
 
-SimServer::SimServer(QString name, std::unique_ptr<SimPrinter> printer, QObject* parent)
+SimServer::SimServer(QString name, std::unique_ptr<SimPrinter> printer, SimKnobs knobs,
+                     QObject* parent)
     : QObject(parent)
     , m_name(std::move(name))
-    , m_printer(std::move(printer))
+    , m_kind(printer->kind())
+    , m_knobs(std::move(knobs))
     , m_server(new QTcpServer(this))
 {
+    m_idle.push_back(std::move(printer));
     connect(m_server, &QTcpServer::newConnection, this, &SimServer::acceptClients);
     connect(m_server, &QTcpServer::acceptError, this, &SimServer::retryAccepting);
-    connect(m_printer.get(), &SimPrinter::output, this, &SimServer::sendToClients);
 }
 
 bool SimServer::listen(const QString& address, QString& error)
@@ -62,26 +64,54 @@ QString SimServer::address() const
 void SimServer::acceptClients()
 {
     while (QTcpSocket* client = m_server->nextPendingConnection()) {
-        // Each piece of a reply is its own segment, as a real printer's would be: Nagle's
-        // algorithm would otherwise glue the fragments the knobs asked for back together.
-        client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        connect(client, &QTcpSocket::readyRead, this,
-                [this, client] { m_printer->input(client->readAll()); });
-        connect(client, &QTcpSocket::disconnected, this, [this, client] { dropClient(client); });
-        m_clients.append(client);
+        QString error;
+        std::unique_ptr<SimPrinter> printer = takePrinter(error);
+        if (!printer) {
+            emit acceptFailed(error);
+            client->abort();
+            client->deleteLater();
+            continue;
+        }
+        serveClient(client, std::move(printer));
     }
+}
+
+void SimServer::serveClient(QTcpSocket* client, std::unique_ptr<SimPrinter> printer)
+{
+    // Each piece of a reply is its own segment, as a real printer's would be: Nagle's
+    // algorithm would otherwise glue the fragments the knobs asked for back together.
+    client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    SimPrinter* answering = printer.get();
+    connect(client, &QTcpSocket::readyRead, this,
+            [answering, client] { answering->input(client->readAll()); });
+    connect(answering, &SimPrinter::output, client,
+            [client](const QByteArray& bytes) { client->write(bytes); });
+    connect(client, &QTcpSocket::disconnected, this, [this, client] { dropClient(client); });
+    m_clients.emplace(client, std::move(printer));
 }
 
 void SimServer::dropClient(QTcpSocket* client)
 {
-    m_clients.removeOne(client);
+    const auto served = m_clients.find(client);
+    if (served == m_clients.end())
+        return;
+    std::unique_ptr<SimPrinter> printer = std::move(served->second);
+    m_clients.erase(served);
+    client->disconnect(this);
+    printer->disconnect(client);
+    // What it still had to say was for the client that has gone.
+    printer->dropPendingOutput();
+    m_idle.push_back(std::move(printer));
     client->deleteLater();
 }
 
-void SimServer::sendToClients(const QByteArray& bytes)
+std::unique_ptr<SimPrinter> SimServer::takePrinter(QString& error)
 {
-    for (QTcpSocket* client : std::as_const(m_clients))
-        client->write(bytes);
+    if (m_idle.empty())
+        return SimPrinter::create(m_kind, m_knobs, error);
+    std::unique_ptr<SimPrinter> printer = std::move(m_idle.back());
+    m_idle.pop_back();
+    return printer;
 }
 
 void SimServer::retryAccepting()

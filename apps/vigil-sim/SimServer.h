@@ -1,22 +1,27 @@
 #pragma once
 
+#include "sim/SimKnobs.h"
 #include "sim/SimPrinter.h"
 
-#include <QList>
 #include <QObject>
+#include <map>
 #include <memory>
+#include <vector>
 
 class QTcpServer;
 class QTcpSocket;
 
-// One simulated printer on a TCP port. The printer outlives its clients, so one that
-// reconnects finds it as it left it; what it says goes to every client connected.
+// One simulated printer on a TCP port. Each client talks to a printer of its own, so that two
+// workstations polling the same address never get each other's replies. A printer outlives its
+// client: the next client to come takes it over as it was left, as one that reconnects expects.
 class SimServer : public QObject
 {
     Q_OBJECT
 
 public:
-    SimServer(QString name, std::unique_ptr<SimPrinter> printer, QObject* parent = nullptr);
+    // `printer` is the first of its kind and knobs; more are made when more clients come at once.
+    SimServer(QString name, std::unique_ptr<SimPrinter> printer, SimKnobs knobs,
+              QObject* parent = nullptr);
 
     // "HOST:PORT" with an IP address for host ("[::1]:9100" for IPv6); port 0 takes any free
     // one. False with `error` set when the address is malformed or can't be listened on.
@@ -24,7 +29,7 @@ public:
     // Where it listens, as "HOST:PORT".
     QString address() const;
     const QString& name() const { return m_name; }
-    const QString& kind() const { return m_printer->kind(); }
+    const QString& kind() const { return m_kind; }
 
 signals:
     // Clients can't connect for now; it tries again by itself.
@@ -32,14 +37,18 @@ signals:
 
 private:
     void acceptClients();
+    void serveClient(QTcpSocket* client, std::unique_ptr<SimPrinter> printer);
     void dropClient(QTcpSocket* client);
-    void sendToClients(const QByteArray& bytes);
+    // A printer no client holds, or a new one.
+    std::unique_ptr<SimPrinter> takePrinter(QString& error);
     void retryAccepting();
 
     QString m_name;
-    std::unique_ptr<SimPrinter> m_printer;
+    QString m_kind;
+    SimKnobs m_knobs;
     // A child, as are the clients: Qt cuts this object's connections before deleting its
     // children, so a client closing at shutdown never calls back into a half-destroyed server.
     QTcpServer* m_server;
-    QList<QTcpSocket*> m_clients;
+    std::map<QTcpSocket*, std::unique_ptr<SimPrinter>> m_clients;
+    std::vector<std::unique_ptr<SimPrinter>> m_idle;
 };

@@ -43,15 +43,16 @@ bool askYesNo(const QString& text)
 }
 
 // The node of a view item, found from the root down the item's parents by key. A key that
-// the tree doesn't hold raises.
+// the view no longer holds, and an item without a group above it, raise.
 TreeNode* nodeOfItem(const ITreeView& view, const QString& key)
 {
     if (key.compare(AddInControl::RootId, Qt::CaseInsensitive) == 0)
         return g_oComponents.get();
+    if (!view.hasItem(key))
+        throw VigilError(ElementNotFound, QStringLiteral("AddInControl"),
+                         QStringLiteral("The tree holds no item %1").arg(key));
     const QString parentKey = view.parentKey(key);
-    TreeNode* parent = parentKey.compare(AddInControl::RootId, Qt::CaseInsensitive) == 0
-                           ? g_oComponents.get()
-                           : nodeOfItem(view, parentKey);
+    TreeNode* parent = parentKey.isEmpty() ? nullptr : nodeOfItem(view, parentKey);
     if (!parent || !parent->isGroup())
         throw VigilError(VigilError::InvalidProcedureCall, QStringLiteral("AddInControl"),
                          QStringLiteral("The tree item %1 has no group above it").arg(key));

@@ -72,6 +72,13 @@ void SimPrinter::schedule(const QByteArray& reply)
     arm();
 }
 
+void SimPrinter::dropPendingOutput()
+{
+    m_timer.stop();
+    m_pieces.clear();
+    m_pendingBytes = 0;
+}
+
 void SimPrinter::deliverDue()
 {
     const qint64 now = m_clock.elapsed();

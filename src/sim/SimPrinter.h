@@ -33,6 +33,8 @@ public:
     void input(const QByteArray& bytes);
     // Bytes still to come out.
     qsizetype pendingBytes() const { return m_pendingBytes; }
+    // Forgets what is still to come out, as a printer does when its connection closes.
+    void dropPendingOutput();
 
 signals:
     void output(const QByteArray& bytes);

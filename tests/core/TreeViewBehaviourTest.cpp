@@ -145,6 +145,21 @@ TEST_F(TreeViewBehaviourTest, DeletingAGroupAsksOnceAndTakesItsPrinters)
     EXPECT_FALSE(m_pages.isPageParentVisible());
     EXPECT_FALSE(storedChildren("Printers").contains("GPHall"));
 
+    // A click that comes late for the printer that went with it is the look-up's error, and
+    // so is one for a top-level item that isn't the root; the page stays as it was.
+    m_view.addItem({}, "IDStray", "Stray", 0);
+    for (const QString key : {"IDP", "IDStray"}) {
+        const int boxes = m_dialogs->boxes().size();
+        m_control->treePrinters_NodeClick(key);
+        ASSERT_EQ(m_dialogs->boxes().size(), boxes + 1) << key.toStdString();
+        EXPECT_EQ(m_dialogs->boxes().last().title,
+                  "AddInControl - SearchTreeForNodesObject - Korvex Vigil");
+        EXPECT_EQ(m_control->currentControl(), nullptr);
+    }
+    EXPECT_TRUE(m_dialogs->boxes().last().text.endsWith(" - 5"));
+    EXPECT_TRUE(m_dialogs->boxes()[2].text.endsWith(" - 35601"));
+    m_view.removeItem("IDStray");
+
     // The root can't go, for an administrator either.
     m_view.selectItem("GPRoot");
     m_control->DoDelete();

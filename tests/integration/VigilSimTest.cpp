@@ -37,11 +37,14 @@ public:
     QByteArray echo(const QByteArray& bytes)
     {
         pieces.clear();
-        m_socket.write(bytes);
-        EXPECT_TRUE(WaitUntil([&] { return pieces.join().size() >= bytes.size(); }))
-            << "sent \"" << bytes.toStdString() << "\", got \"" << pieces.join().toStdString();
-        return pieces.join();
+        send(bytes);
+        EXPECT_TRUE(WaitUntil([&] { return heard().size() >= bytes.size(); }))
+            << "sent \"" << bytes.toStdString() << "\", got \"" << heard().toStdString();
+        return heard();
     }
+
+    void send(const QByteArray& bytes) { m_socket.write(bytes); }
+    QByteArray heard() const { return pieces.join(); }
 
     void disconnect()
     {
@@ -153,6 +156,26 @@ TEST_F(VigilSimTest, EchoPrintersAnswerOverTcpEachAtItsOwnAddress)
 
     EXPECT_TRUE(endsCleanlyOn(SIGTERM)) << m_server.exitCode();
     EXPECT_TRUE(m_err.isEmpty()) << m_err.toStdString();
+}
+
+TEST_F(VigilSimTest, TwoClientsOfOnePrinterEachHearOnlyTheirOwnReplies)
+{
+    const QString scenario = writeScenario(R"({"printers": [
+        {"name": "Shared", "kind": "echo", "listen": "127.0.0.2:0", "knobs": {"delay": 30}}
+    ]})");
+    const Served printer = serve(scenario, 1).value("Shared");
+    Client first(printer);
+    Client second(printer);
+    first.send("first");
+    second.send("second");
+    ASSERT_TRUE(WaitUntil([&] { return first.heard().size() >= 5 && second.heard().size() >= 6; }));
+    // Once the answer to one more request has come, so has anything else sent before it.
+    first.send(".");
+    second.send(".");
+    ASSERT_TRUE(
+        WaitUntil([&] { return first.heard().endsWith('.') && second.heard().endsWith('.'); }));
+    EXPECT_EQ(first.heard(), "first.");
+    EXPECT_EQ(second.heard(), "second.");
 }
 
 TEST_F(VigilSimTest, SigintAndSigtermEndItWithExitZero)

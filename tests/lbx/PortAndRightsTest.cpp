@@ -101,5 +101,11 @@ TEST(FloodGuardTest, BytesBeyondTheCapOfASecondAreDroppedAndReportedOnce)
     EXPECT_EQ(guard.admit("ok", 3000, began), QByteArray("ok"));
     guard.admit(more, 3100, began);
     EXPECT_TRUE(began);
+
+    // So does a flood that comes after a quiet spell, however full the last second was.
+    guard.admit(more, 4000, began);
+    EXPECT_FALSE(began);
+    EXPECT_EQ(guard.admit(more, 9000, began).size(), FloodGuard::BytesPerSecond);
+    EXPECT_TRUE(began);
 }
 } // namespace

@@ -79,6 +79,14 @@ TEST_F(SimPrinterTest, RepliesComeLaterAsEventsNeverWithinInput)
         EXPECT_EQ(printer->pendingBytes(), 4);
         ASSERT_TRUE(waitUntil([&] { return listener.all() == "ping"; })) << address.toStdString();
         EXPECT_EQ(printer->pendingBytes(), 0);
+
+        // Output dropped never comes; what follows does.
+        printer->input("lost");
+        printer->dropPendingOutput();
+        EXPECT_EQ(printer->pendingBytes(), 0);
+        printer->input("next");
+        ASSERT_TRUE(waitUntil([&] { return listener.all().size() >= 8; }));
+        EXPECT_EQ(listener.all(), "pingnext");
     }
 }
 

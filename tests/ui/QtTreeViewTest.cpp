@@ -3,6 +3,9 @@
 #include "platform/qt/Twips.h"
 #include "ui/WidgetApplication.h"
 
+#include <QStyleHints>
+#include <QTest>
+
 namespace {
 class QtTreeViewTest : public ::testing::Test
 {
@@ -64,5 +67,59 @@ TEST_F(QtTreeViewTest, APointInTwipsFindsTheItemUnderIt)
     EXPECT_EQ(m_view.hitTest(centre.x() * TwipsPerPixel, centre.y() * TwipsPerPixel),
               QStringLiteral("ID1"));
     EXPECT_EQ(m_view.hitTest(10 * TwipsPerPixel, 190 * TwipsPerPixel), QString());
+}
+
+TEST_F(QtTreeViewTest, OneLeftClickIsOneNodeClickAndOnlyTheProgramEditsALabel)
+{
+    QStringList nodeClicks;
+    QList<int> buttonsUp;
+    TreeHooks hooks;
+    hooks.nodeClick = [&](const QString& key) {
+        nodeClicks << key;
+    };
+    hooks.mouseUp = [&](int button, int, float, float) {
+        buttonsUp << button;
+    };
+    TreeWidget& tree = m_view.widget();
+    tree.setHooks(hooks);
+    tree.resize(300, 200);
+    tree.show();
+    m_view.addItem({}, "GPRoot", "All Printers", 0);
+    m_view.addItem("GPRoot", "GP1", "Hall", 0);
+    m_view.addItem("GPRoot", "ID1", "Coder", 0);
+    m_view.expandItem("GPRoot");
+    m_view.selectItem("ID1");
+    const auto centreOf = [&](const QString& key) {
+        return tree.visualItemRect(m_view.item(key)).center();
+    };
+
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, centreOf("GP1"));
+    EXPECT_EQ(nodeClicks, QStringList{"GP1"});
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, centreOf("GP1")); // selected already
+    EXPECT_EQ(nodeClicks, (QStringList{"GP1", "GP1"}));
+
+    // The right button leaves the selection for the menu to act on.
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, centreOf("ID1"));
+    EXPECT_EQ(m_view.selectedKey(), QStringLiteral("GP1"));
+    EXPECT_EQ(nodeClicks.size(), 2);
+    EXPECT_EQ(buttonsUp, (QList<int>{1, 1, 2}));
+
+    // Neither a click on the selected label nor F2 opens the editor; the program does.
+    const auto editing = [&](const QString& key) {
+        return tree.itemWidget(m_view.item(key), 0);
+    };
+    QStyleHints* hints = QGuiApplication::styleHints();
+    const int doubleClickMs = hints->mouseDoubleClickInterval();
+    hints->setMouseDoubleClickInterval(0); // a click's edit waits that long for a second click
+    m_view.selectItem("GP1");
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, centreOf("GP1"));
+    QCoreApplication::processEvents();
+    hints->setMouseDoubleClickInterval(doubleClickMs);
+    EXPECT_EQ(editing("GP1"), nullptr);
+    m_view.selectItem("ID1");
+    QTest::keyClick(&tree, Qt::Key_F2);
+    EXPECT_EQ(editing("ID1"), nullptr);
+    m_view.startLabelEdit("ID1");
+    EXPECT_NE(editing("ID1"), nullptr);
 }
 } // namespace

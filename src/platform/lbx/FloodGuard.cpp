@@ -5,9 +5,11 @@
 QByteArray FloodGuard::admit(const QByteArray& bytes, qint64 nowMs, bool& floodBegan)
 {
     floodBegan = false;
-    if (nowMs - m_windowStart >= 1000) {
-        // A whole second under the cap ends a flood.
-        if (m_bytesInWindow <= BytesPerSecond)
+    if (nowMs - m_windowStart >= WindowMs) {
+        // A whole second under the cap ends a flood: the second just gone, or a quiet one
+        // since. Without the second, a printer that floods again after a pause, with nothing
+        // in between, would never be reported again.
+        if (m_bytesInWindow <= BytesPerSecond || nowMs - m_windowStart >= 2 * WindowMs)
             m_bFlooding = false;
         m_windowStart = nowMs;
         m_bytesInWindow = 0;

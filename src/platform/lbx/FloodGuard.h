@@ -9,6 +9,7 @@ class FloodGuard
 {
 public:
     static constexpr qint64 BytesPerSecond = 1 << 20;
+    static constexpr qint64 WindowMs = 1000;
 
     // The part of the bytes arriving at `nowMs` (of a steady clock) that may pass; sets
     // `floodBegan` when this call starts a flood.

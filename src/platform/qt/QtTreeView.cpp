@@ -19,8 +19,9 @@ void appendKeys(const QTreeWidgetItem* item, QStringList& keys)
 QtTreeView::QtTreeView(QWidget* parent)
     : m_tree(parent)
 {
-    // Every edit asks the control first, which refuses printers: their names are their queues'.
-    m_tree.setEditTriggers(QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
+    // A label is edited only when the control asks (a group's rename, a new group): neither a
+    // key nor a click opens the editor.
+    m_tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
 }
 
 QIcon QtTreeView::iconOf(qint32 image)

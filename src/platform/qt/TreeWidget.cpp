@@ -40,13 +40,17 @@ TreeWidget::TreeWidget(QWidget* parent)
     setAcceptDrops(true);
     setDropIndicatorShown(false);
     setDragDropMode(QAbstractItemView::DragDrop);
+    // A press that selects an item is its node click; the click that follows it is not
+    // another, or a group would build its page twice.
     connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* current) {
-        if (current)
-            call(m_hooks.nodeClick, current->data(0, Qt::UserRole).toString());
+        if (!current)
+            return;
+        m_pressSelected = true;
+        call(m_hooks.nodeClick, current->data(0, Qt::UserRole).toString());
     });
     // A click on the item already selected is a click too: a group builds its page anew.
     connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
-        if (item == currentItem())
+        if (item == currentItem() && !m_pressSelected)
             call(m_hooks.nodeClick, item->data(0, Qt::UserRole).toString());
     });
 }
@@ -86,12 +90,17 @@ void TreeWidget::mousePressEvent(QMouseEvent* event)
 {
     call(m_hooks.mouseDown, buttonsOf(event->button()), shiftOf(event->modifiers()),
          toTwips(event->position().x()), toTwips(event->position().y()));
+    // The right button only opens a menu: the selection, which the menus act on, stays.
+    if (event->button() == Qt::RightButton)
+        return;
+    m_pressSelected = false;
     QTreeWidget::mousePressEvent(event);
 }
 
 void TreeWidget::mouseReleaseEvent(QMouseEvent* event)
 {
-    QTreeWidget::mouseReleaseEvent(event);
+    if (event->button() != Qt::RightButton)
+        QTreeWidget::mouseReleaseEvent(event);
     call(m_hooks.mouseUp, buttonsOf(event->button()), shiftOf(event->modifiers()),
          toTwips(event->position().x()), toTwips(event->position().y()));
 }

@@ -59,4 +59,7 @@ private:
     }
 
     TreeHooks m_hooks;
+    // An item has been selected since the last press of the mouse: that press has had its
+    // node click.
+    bool m_pressSelected = false;
 };
