@@ -59,7 +59,7 @@ QString valueLine(const SettingsStore::Value& value)
     QStringList bytes;
     for (const char byte : value.data)
         bytes.append(QStringLiteral("%1").arg(quint8(byte), 2, 16, QLatin1Char('0')));
-    return name + QStringLiteral("=hex(%1):").arg(value.type) + bytes.join(QLatin1Char(','));
+    return name + QStringLiteral("=hex(%1):").arg(value.type, 0, 16) + bytes.join(QLatin1Char(','));
 }
 
 // Reads a quoted text from `at`, which points at the opening quote; `at` ends behind the

@@ -176,7 +176,7 @@ TEST_F(RegFileTest, GeneratedNamesComeBackByteForByte)
                     (generatedName(random, value, true) + "\r\n").toUtf8() + QByteArray(1, 0);
                 const QByteArray data =
                     random.bounded(2) ? text : QByteArray::number(random.generate(), 16);
-                ASSERT_EQ(store->setValue(handle, name, random.bounded(1, 5), data), 0);
+                ASSERT_EQ(store->setValue(handle, name, random.bounded(1, 12), data), 0);
             }
             store->closeKey(handle);
             keys.append(key);
