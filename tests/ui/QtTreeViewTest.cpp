@@ -29,8 +29,11 @@ TEST_F(QtTreeViewTest, ItemsAreKnownByKeyWithTheirParents)
 
     m_view.selectItem("ID1");
     EXPECT_EQ(m_view.selectedKey(), QStringLiteral("ID1"));
-    m_view.setItemText("ID1", "Coder: BATCH (12)");
-    EXPECT_EQ(m_view.itemText("ID1"), QStringLiteral("Coder: BATCH (12)"));
+    m_view.setItemText("ID1", "Coder: BATCH (12) [ink low]");
+    EXPECT_EQ(m_view.itemText("ID1"), QStringLiteral("Coder: BATCH (12) [ink low]"));
+    // A narrow tree cuts the alert off: its tooltip gives the whole text.
+    EXPECT_EQ(m_view.item("ID1")->toolTip(0), QStringLiteral("Coder: BATCH (12) [ink low]"));
+    EXPECT_EQ(m_view.item("ID2")->toolTip(0), QStringLiteral("Labeller"));
 
     m_view.removeItem("GP1"); // a group goes with everything below it
     EXPECT_FALSE(m_view.hasItem("ID1"));

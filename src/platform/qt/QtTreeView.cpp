@@ -73,7 +73,7 @@ bool QtTreeView::addItem(const QString& parentKey, const QString& key, const QSt
     if (!parentKey.isEmpty() && !parent)
         return false;
     auto* added = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(&m_tree);
-    added->setText(0, text);
+    showText(*added, text);
     added->setData(0, KeyRole, key);
     added->setIcon(0, iconOf(image));
     added->setFlags(added->flags() | Qt::ItemIsEditable | Qt::ItemIsDragEnabled |
@@ -121,7 +121,14 @@ QString QtTreeView::itemText(const QString& key) const
 void QtTreeView::setItemText(const QString& key, const QString& text)
 {
     if (QTreeWidgetItem* found = m_items.value(key))
-        found->setText(0, text);
+        showText(*found, text);
+}
+
+// A narrow tree cuts a long alert off; the tooltip gives the whole of it.
+void QtTreeView::showText(QTreeWidgetItem& item, const QString& text)
+{
+    item.setText(0, text);
+    item.setToolTip(0, text);
 }
 
 void QtTreeView::setItemColours(const QString& key, quint32 background, quint32 text)

@@ -48,6 +48,7 @@ public:
 
 private:
     void forget(QTreeWidgetItem* item);
+    static void showText(QTreeWidgetItem& item, const QString& text);
     QIcon iconOf(qint32 image);
 
     TreeWidget m_tree;
