@@ -2,7 +2,8 @@
 
 #include "services/MessageCatalogue.h"
 
-void CommandConsoleSession::open(const Setup& setup, const QList<std::pair<qint32, char>>& commands)
+void CommandConsoleSession::open(const Setup& setup, const QList<std::pair<qint32, char>>& commands,
+                                 ICommandConsole::Hooks hooks)
 {
     if (!m_console)
         m_console = ICommandConsole::create();
@@ -11,6 +12,7 @@ void CommandConsoleSession::open(const Setup& setup, const QList<std::pair<qint3
     m_console->configure(setup.typeSelector, setup.showAsText, setup.aSeries);
     for (const auto& [message, command] : commands)
         m_console->addCommand(GetMessage(message), command);
+    m_console->setHooks(std::move(hooks));
     m_console->showModal();
 }
 

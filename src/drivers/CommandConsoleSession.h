@@ -17,8 +17,19 @@ public:
         bool aSeries = false;
     };
 
-    // Each command with the message that labels it.
-    void open(const Setup& setup, const QList<std::pair<qint32, char>>& commands);
+    // Each command with the message that labels it. Returns when the console closes; by then
+    // the handler, and this session with it, may be gone.
+    void open(const Setup& setup, const QList<std::pair<qint32, char>>& commands,
+              ICommandConsole::Hooks hooks);
+    // The console's window wired to the handler's command testing.
+    template <typename Handler> static ICommandConsole::Hooks hooksOf(Handler& handler)
+    {
+        ICommandConsole::Hooks hooks;
+        hooks.send = [&handler] { handler.FireCommandTest(); };
+        hooks.end = [&handler] { handler.EndCommandTesting(); };
+        hooks.closed = [&handler] { handler.ResetCurrentCommand(); };
+        return hooks;
+    }
     // False when there was none.
     bool close();
     // The console while it is open, or none.

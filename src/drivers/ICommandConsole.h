@@ -37,6 +37,19 @@ public:
     virtual void SetResponseString(const QString& response) = 0;
     virtual void SetResponseBytes(const QByteArray& response) = 0;
 
+    // What the console's window asks of the handler that opened it.
+    struct Hooks
+    {
+        // Send the command chosen.
+        std::function<void()> send;
+        // The window's close button: the handler ends the session.
+        std::function<void()> end;
+        // The window has closed, whichever way: a pending test command is dropped.
+        std::function<void()> closed;
+    };
+    // Given before the console is shown. The console lets go of them when it is dropped.
+    virtual void setHooks(Hooks hooks) = 0;
+
     using Factory = std::function<std::unique_ptr<ICommandConsole>()>;
     static void installFactory(Factory factory);
     // None when no program installed a console.

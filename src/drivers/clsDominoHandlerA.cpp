@@ -364,7 +364,7 @@ void clsDominoHandlerA::InvokeCommandTesting()
     QList<std::pair<qint32, char>> commands;
     for (qsizetype index = 0; index < qsizetype(std::size(ConsoleIds)); ++index)
         commands.append({FirstConsoleLabel + qint32(index), char(ConsoleIds[index])});
-    m_console.open({true, false, true}, commands);
+    m_console.open({true, false, true}, commands, CommandConsoleSession::hooksOf(*this));
 }
 
 void clsDominoHandlerA::FireCommandTest()

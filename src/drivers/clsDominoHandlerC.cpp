@@ -589,7 +589,8 @@ void clsDominoHandlerC::SetCounts(qint32 lCount)
 
 void clsDominoHandlerC::InvokeCommandTesting()
 {
-    m_console.open({false, true, false}, {std::begin(ConsoleCommands), std::end(ConsoleCommands)});
+    m_console.open({false, true, false}, {std::begin(ConsoleCommands), std::end(ConsoleCommands)},
+                   CommandConsoleSession::hooksOf(*this));
 }
 
 void clsDominoHandlerC::FireCommandTest()

@@ -2,41 +2,15 @@
 
 #include "core/PageFactory.h"
 #include "dashboard/GroupUI.h"
-#include "drivers/clsDominoHandlerA.h"
-#include "drivers/clsDominoHandlerC.h"
+#include "drivers/ICommandConsole.h"
+#include "pages/ctlAveryUI.h"
+#include "pages/ctlDominoAUI.h"
+#include "pages/ctlDominoCUI.h"
 #include "pages/ctlLBXPrinterUI.h"
+#include "pages/frmCommandTest.h"
 
 namespace {
-constexpr qint32 MsgCSeriesGeneralTab = 121;
-constexpr qint32 MsgASeriesGeneralTab = 261;
-constexpr qint32 MsgAveryFirstTab = 112;
 const QString Module = QStringLiteral("KorvexVigil.");
-
-template <typename Handler> QString timeoutMessageOf(ComponentHandler& handler)
-{
-    const auto* typed = qobject_cast<Handler*>(&handler);
-    return typed ? typed->TimeoutMessage() : QString();
-}
-
-// Until the coders and the Avery printers get frames of their own, they show their general
-// page in the frame the local printer has.
-const PrinterFrame::Kind InterimKinds[] = {
-    {.controlName = QStringLiteral("ctlDominoCUI"),
-     .generalCaptionId = MsgCSeriesGeneralTab,
-     .settingsCaption = {},
-     .minimumSize = std::nullopt,
-     .timeoutMessage = &timeoutMessageOf<clsDominoHandlerC>},
-    {.controlName = QStringLiteral("ctlDominoAUI"),
-     .generalCaptionId = MsgASeriesGeneralTab,
-     .settingsCaption = {},
-     .minimumSize = std::nullopt,
-     .timeoutMessage = &timeoutMessageOf<clsDominoHandlerA>},
-    {.controlName = QStringLiteral("ctlAveryUI"),
-     .generalCaptionId = MsgAveryFirstTab,
-     .settingsCaption = QStringLiteral("settings"),
-     .minimumSize = QSize(7000, 5000),
-     .timeoutMessage = {}},
-};
 
 template <typename Page> std::unique_ptr<IPage> make()
 {
@@ -44,30 +18,25 @@ template <typename Page> std::unique_ptr<IPage> make()
 }
 
 // Every page class of the window with the way to make it.
-QList<std::pair<QString, PageFactory::Creator>> pageClasses()
-{
-    QList<std::pair<QString, PageFactory::Creator>> classes{
-        {Module + QStringLiteral("ctlLBXPrinterUI"), &make<ctlLBXPrinterUI>},
-        {Module + QStringLiteral("GroupUI"), &make<GroupUI>},
-    };
-    for (const PrinterFrame::Kind& kind : InterimKinds) {
-        const auto makeFrame = [kind]() -> std::unique_ptr<IPage> {
-            return std::make_unique<PrinterFrame>(kind);
-        };
-        classes.append({Module + kind.controlName, makeFrame});
-    }
-    return classes;
-}
+const std::pair<const char*, PageFactory::Creator> PageClasses[] = {
+    {"ctlDominoCUI", &make<ctlDominoCUI>},
+    {"ctlDominoAUI", &make<ctlDominoAUI>},
+    {"ctlAveryUI", &make<ctlAveryUI>},
+    {"ctlLBXPrinterUI", &make<ctlLBXPrinterUI>},
+    {"GroupUI", &make<GroupUI>},
+};
 } // namespace
 
 void RegisterPages()
 {
-    for (auto& [pageClass, creator] : pageClasses())
-        PageFactory::registerClass(pageClass, std::move(creator));
+    for (const auto& [pageClass, creator] : PageClasses)
+        PageFactory::registerClass(Module + QLatin1String(pageClass), creator);
+    InstallCommandConsole();
 }
 
 void UnregisterPages()
 {
-    for (const auto& entry : pageClasses())
-        PageFactory::unregisterClass(entry.first);
+    for (const auto& entry : PageClasses)
+        PageFactory::unregisterClass(Module + QLatin1String(entry.first));
+    ICommandConsole::installFactory(nullptr);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 // Makes the window's pages known to the page factory under the class names the nodes give
-// ("KorvexVigil.ctlDominoCUI"); programs without a window register none.
+// ("KorvexVigil.ctlDominoCUI"), and installs the command test console; programs without a
+// window register none.
 void RegisterPages();
 void UnregisterPages();

@@ -5,29 +5,20 @@
 #include "core/ErrorColours.h"
 #include "core/Globals.h"
 #include "core/clsComponent.h"
-#include "core/clsComponents.h"
 #include "pages/HandlerMismatch.h"
+#include "pages/PrinterPage.h"
 #include "pages/PrinterStatusStrip.h"
-#include "pages/SettingsWebLink.h"
-#include "pages/ctlGeneralPage.h"
-#include "platform/qt/QtTreeView.h"
 #include "platform/qt/Twips.h"
 #include "services/ErrorBox.h"
 #include "services/MessageCatalogue.h"
 
-#include <QTabWidget>
+#include <QBoxLayout>
+#include <QStackedWidget>
+#include <QTabBar>
 
 namespace {
 constexpr int Margin = 8;
 constexpr qint32 LargeIcon = 3;
-// The size the frame is made at, in twips.
-constexpr QSize DesignSize(7000, 4500);
-
-// The handler doesn't tell its node; printers are named after their queues, one node each.
-clsComponent* nodeOf(const ComponentHandler& handler)
-{
-    return g_oComponents ? g_oComponents->FindPrinter(handler.m_sName) : nullptr;
-}
 
 // The node's large icon as the tree's image list holds it; none before its images are added.
 QString largeIconOf(clsComponent& node)
@@ -39,53 +30,78 @@ QString largeIconOf(clsComponent& node)
 }
 } // namespace
 
-PrinterFrame::PrinterFrame(Kind kind, QWidget* parent)
+PrinterFrame::PrinterFrame(const QString& tabStripName, bool bShowsTimeout, QWidget* parent)
     : QWidget(parent)
-    , m_kind(std::move(kind))
-    , m_statusStrip(new PrinterStatusStrip(bool(m_kind.timeoutMessage), this))
-    , m_TabStrip1(new QTabWidget(this))
-    , m_generalPage(new ctlGeneralPage)
+    , m_statusStrip(new PrinterStatusStrip(bShowsTimeout, this))
+    , m_tabSheet(new QWidget(this))
+    , m_tabBar(new QTabBar(m_tabSheet))
+    , m_pageArea(new QStackedWidget(m_tabSheet))
 {
-    // Pages look for their frame by the name of the page their handler gives.
-    setObjectName(m_kind.controlName);
-    m_TabStrip1->setObjectName(QStringLiteral("TabStrip1"));
-    m_generalPage->setObjectName(QStringLiteral("ctlGeneralPage_Page"));
-    m_TabStrip1->addTab(m_generalPage, QString());
-    if (!m_kind.settingsCaption.isEmpty()) {
-        m_ctlSettingsWebBrowser = new SettingsWebLink;
-        m_ctlSettingsWebBrowser->setObjectName(QStringLiteral("ctlSettingsWebBrowser"));
-        m_TabStrip1->addTab(m_ctlSettingsWebBrowser, m_kind.settingsCaption);
-    }
-    connect(m_TabStrip1, &QTabWidget::currentChanged, this, &PrinterFrame::TabStrip1_Click);
+    m_tabSheet->setObjectName(tabStripName);
+    m_tabBar->setObjectName(tabStripName + QStringLiteral("_Tabs"));
+    m_tabBar->setExpanding(false);
+    m_pageArea->setFrameShape(QFrame::StyledPanel);
+    auto* sheet = new QVBoxLayout(m_tabSheet);
+    sheet->setContentsMargins(0, 0, 0, 0);
+    sheet->setSpacing(0);
+    sheet->addWidget(m_tabBar);
+    sheet->addWidget(m_pageArea, 1);
+    connect(m_tabBar, &QTabBar::currentChanged, this, &PrinterFrame::tabClicked);
+}
 
-    const QSize size = m_kind.minimumSize.value_or(DesignSize);
-    resize(toPixels(size.width()), toPixels(size.height()));
+void PrinterFrame::addTabs(const QList<Tab>& tabs, const QList<QWidget*>& pages)
+{
+    m_tabs = tabs;
+    // The tabs are added silently: no page is current before Setup.
+    const QSignalBlocker quiet(m_tabBar);
+    for (const Tab& tab : tabs) {
+        const int index = m_tabBar->addTab(tab.caption);
+        m_tabBar->setTabData(index, tab.key);
+    }
+    for (QWidget* page : pages)
+        m_pageArea->addWidget(page);
+}
+
+void PrinterFrame::layOut(QSize designTwips, int roomBelowTabs)
+{
     const int stripHeight = m_statusStrip->sizeHint().height();
-    m_statusStrip->setGeometry(Margin, Margin, width() - 2 * Margin, stripHeight);
     const int tabTop = Margin + stripHeight + Margin;
-    m_TabStrip1->setGeometry(Margin, tabTop, width() - 2 * Margin, height() - tabTop - Margin);
+    const int below = roomBelowTabs + Margin;
+    const QSize sheet = m_tabSheet->sizeHint();
+    resize(std::max(toPixels(designTwips.width()), sheet.width() + 2 * Margin),
+           std::max(toPixels(designTwips.height()), tabTop + sheet.height() + below));
+    m_statusStrip->setGeometry(Margin, Margin, width() - 2 * Margin, stripHeight);
+    m_tabSheet->setGeometry(Margin, tabTop, width() - 2 * Margin, height() - tabTop - below);
+    placeAroundTabs();
 }
 
 QString PrinterFrame::context(const char* routine) const
 {
-    return m_kind.controlName + QStringLiteral(" - ") + QLatin1String(routine);
+    return QLatin1String(metaObject()->className()) + QStringLiteral(" - ") +
+           QLatin1String(routine);
 }
 
-void PrinterFrame::Setup(const QString&, ComponentHandler* oHandler)
+void PrinterFrame::Setup(const QString& sName, ComponentHandler* oHandler)
 {
-    if (!oHandler || oHandler->GetControlName() != m_kind.controlName)
-        throw HandlerMismatch(m_kind.controlName, oHandler);
-    m_TabStrip1->setTabText(m_TabStrip1->indexOf(m_generalPage),
-                            GetMessage(m_kind.generalCaptionId, QStringLiteral("general")));
+    const QString frameClass = QLatin1String(metaObject()->className());
+    if (!oHandler || oHandler->GetControlName() != frameClass)
+        throw HandlerMismatch(frameClass, oHandler);
+    for (int index = 0; index < m_tabs.size(); ++index) {
+        const Tab& tab = m_tabs[index];
+        if (tab.captionId)
+            m_tabBar->setTabText(index, GetMessage(tab.captionId, tab.caption));
+    }
     if (m_Handler)
         m_Handler->disconnect(this);
     m_Handler = oHandler;
     connect(oHandler, &ComponentHandler::StatusChanged, this,
             &PrinterFrame::m_Handler_StatusChanged);
+    setupPages(sName, *oHandler);
     m_Handler_StatusChanged();
-    m_rightMargin = width() - m_TabStrip1->width();
-    m_bottomMargin = height() - m_TabStrip1->height();
-    m_TabStrip1->setCurrentWidget(m_generalPage);
+    m_rightMargin = width() - m_tabSheet->width();
+    m_bottomMargin = height() - m_tabSheet->height();
+    m_tabBar->setCurrentIndex(0);
+    tabClicked(0);
 }
 
 void PrinterFrame::m_Handler_StatusChanged()
@@ -94,24 +110,14 @@ void PrinterFrame::m_Handler_StatusChanged()
         if (!m_Handler)
             return;
         ComponentHandler& handler = *m_Handler;
-        m_generalPage->Setup(handler.m_sName, handler.Port(), handler.HandlerFreindlyName(),
-                             handler.PortBusy(), handler.Disabled());
-        clsComponent* node = nodeOf(handler);
+        refreshGeneralPage(handler);
+        clsComponent* node = PrinterNode(handler);
         m_statusStrip->setIcon(node ? largeIconOf(*node) : QString());
         m_statusStrip->setName(handler.m_sName);
-        if (m_kind.timeoutMessage)
-            m_statusStrip->setTimeout(m_kind.timeoutMessage(handler));
+        m_statusStrip->setTimeout(timeoutMessage(handler));
         m_statusStrip->setColour(node ? node->GetErrorColour(DashboardPalette, false) : ButtonFace);
+        statusChanged();
     });
-}
-
-std::optional<bool> PrinterFrame::DoResize(qint16 nWidth, qint16 nHeight)
-{
-    if (!m_kind.minimumSize)
-        return std::nullopt;
-    resize(toPixels(std::max<int>(nWidth, m_kind.minimumSize->width())),
-           toPixels(std::max<int>(nHeight, m_kind.minimumSize->height())));
-    return true;
 }
 
 void PrinterFrame::resizeEvent(QResizeEvent* event)
@@ -119,19 +125,24 @@ void PrinterFrame::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     if (m_rightMargin == -1)
         return;
-    m_TabStrip1->resize(width() - m_rightMargin, height() - m_bottomMargin);
-    m_statusStrip->resize(m_TabStrip1->width(), m_statusStrip->height());
+    m_tabSheet->resize(width() - m_rightMargin, height() - m_bottomMargin);
+    m_statusStrip->resize(m_tabSheet->width(), m_statusStrip->height());
+    placeAroundTabs();
 }
 
-// The printer's web page is loaded the first time its tab is shown; later visits keep what
-// the view shows.
-void PrinterFrame::TabStrip1_Click(int index)
+void PrinterFrame::tabClicked(int index)
 {
-    RunTrapped(context("TabStrip1_Click"), [&] {
-        if (!m_ctlSettingsWebBrowser || m_TabStrip1->widget(index) != m_ctlSettingsWebBrowser ||
-            !m_ctlSettingsWebBrowser->isBlank() || !m_Handler)
+    RunTrapped(context("tabSheet_Click"), [&] {
+        const QString tag = m_tabBar->tabData(index).toString();
+        if (m_currentPage && tag == QLatin1String(m_currentPage->metaObject()->className()))
             return;
-        const QString host = m_Handler->Port().section(QLatin1Char(':'), 0, 0);
-        m_ctlSettingsWebBrowser->navigate(QStringLiteral(R"(http:\\)") + host);
+        if (QWidget* page = pageForTag(tag))
+            showPage(page);
     });
+}
+
+void PrinterFrame::showPage(QWidget* page)
+{
+    m_pageArea->setCurrentWidget(page);
+    m_currentPage = page;
 }

@@ -25,6 +25,7 @@ public:
     {
         responses << QString::fromLatin1(response.toHex(' '));
     }
+    void setHooks(Hooks given) override { hooks = std::move(given); }
 
     std::tuple<bool, bool, bool> setup;
     QByteArray commands;
@@ -32,4 +33,5 @@ public:
     std::optional<QByteArray> command;
     std::optional<FrameCommand> frameCommand;
     QStringList responses;
+    Hooks hooks;
 };

@@ -1,135 +1,17 @@
 // The properties frames and the group page against real handlers over fake queues.
 
-#include "core/ErrorColours.h"
-#include "core/PageFactory.h"
-#include "core/PresentTime.h"
-#include "core/TreeFixture.h"
+#include "ui/PageFixture.h"
+
 #include "drivers/clsDominoHandlerC.h"
-#include "pages/PageRegistry.h"
-#include "pages/SettingsWebLink.h"
 #include "pages/ctlGeneralPage.h"
 #include "pages/ctlLBXPrinterUI.h"
-#include "platform/qt/QtTreeView.h"
-#include "printing/clsLBXHandler.h"
-#include "support/FakeApplication.h"
-#include "support/FakeClock.h"
-#include "ui/WidgetApplication.h"
 
-#include <QBuffer>
-#include <QImage>
 #include <QLabel>
-#include <QMap>
+#include <QPushButton>
 #include <QTabBar>
-#include <QTabWidget>
-#include <QTest>
 
 namespace {
-class PagesTest : public TreeFixture
-{
-protected:
-    static void SetUpTestSuite() { EnsureWidgetApplication(); }
-
-    void SetUp() override
-    {
-        TreeFixture::SetUp();
-        const QMap<int, QByteArray> messages{{9, "no answer to stage %1 sent at %2"},
-                                             {102, "Name"},
-                                             {103, "Port"},
-                                             {104, "Type"},
-                                             {112, "General"},
-                                             {121, "C general"},
-                                             {261, "A general"}};
-        QByteArray catalogue;
-        for (int line = 1; line <= 261; ++line)
-            catalogue += messages.value(line) + '\n';
-        writeMessageFile(QStringLiteral("en"), catalogue);
-        QImage icon(32, 32, QImage::Format_ARGB32);
-        icon.fill(Qt::darkCyan);
-        QBuffer iconFile;
-        iconFile.open(QIODevice::WriteOnly);
-        icon.save(&iconFile, "ICO");
-        writeFile(QStringLiteral("Icons/LocalLabelPrinter.ico"), iconFile.data());
-        m_clock->setNow(QDateTime(QDate(2026, 11, 22), QTime(6, 30)));
-        InstallClock(m_clock);
-        InstallApplicationFactory([this] { return m_application; });
-        RegisterPages();
-    }
-
-    void TearDown() override
-    {
-        m_shown.clear();
-        UnregisterPages();
-        g_oComponents.reset();
-        ReleaseGlobalLBX();
-        InstallApplicationFactory(nullptr);
-        InstallClock(nullptr);
-        TreeFixture::TearDown();
-    }
-
-    // A printer of the tree behind a queue, with its icons added as the tree view adds them.
-    clsComponent& printer(const QString& name, qint16 number, const QString& port = {})
-    {
-        m_application->queues.add(name, number, port).friendlyName = name + " (friendly)";
-        auto node = std::make_shared<clsComponent>();
-        node->m_sID = QStringLiteral("ID%1").arg(g_oComponents->Count() + 1);
-        node->m_sName = name;
-        node->m_lRemoteObjectPrinterNumber = number;
-        g_oComponents->AddComponent(node->m_sID, node);
-        node->AddImages(*m_control->imlList(0), *m_control->imlList(3));
-        return *node;
-    }
-
-    // The page the pane makes for the node, set up by the node and shown.
-    QWidget& pageOf(clsComponent& node)
-    {
-        std::unique_ptr<IPage> page = PageFactory::create(node.GetControlName());
-        if (!page)
-            throw std::runtime_error("no page " + node.GetControlName().toStdString());
-        node.InitialiseControl(*page);
-        auto& widget = dynamic_cast<QWidget&>(*page);
-        widget.show();
-        m_shown.push_back(std::move(page));
-        return widget;
-    }
-    PrinterFrame& frameOf(clsComponent& node) { return dynamic_cast<PrinterFrame&>(pageOf(node)); }
-
-    static QString text(const QWidget& page, const char* label)
-    {
-        return ChildOf<QLabel>(page, label).text();
-    }
-    static QStringList texts(const QWidget& page, std::initializer_list<const char*> labels)
-    {
-        QStringList found;
-        for (const char* label : labels)
-            found.append(text(page, label));
-        return found;
-    }
-
-    // The status colour behind the page's general tab, and the colour the state should give.
-    static QColor statusColour(const QWidget& page)
-    {
-        return ChildOf<QWidget>(page, "imgGeneralBackground").palette().color(QPalette::Window);
-    }
-    static QColor dashboardColour(qint32 state, const QWidget& page)
-    {
-        return QtTreeView::toColor(LookUpColour(state, DashboardPalette, false), page.palette());
-    }
-
-    static QTabWidget& tabs(const QWidget& page) { return ChildOf<QTabWidget>(page, "TabStrip1"); }
-    static void clickTab(const QWidget& page, int index)
-    {
-        QTabBar* bar = tabs(page).tabBar();
-        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
-    }
-    static SettingsWebLink& settingsView(const QWidget& page)
-    {
-        return ChildOf<SettingsWebLink>(page, "ctlSettingsWebBrowser");
-    }
-
-    std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
-    std::shared_ptr<FakeClock> m_clock = std::make_shared<FakeClock>();
-    std::vector<std::unique_ptr<IPage>> m_shown;
-};
+using PagesTest = PageFixture;
 
 TEST_F(PagesTest, TheLocalPrinterFrameShowsItsHandlerAndFollowsItsStatus)
 {
@@ -137,7 +19,7 @@ TEST_F(PagesTest, TheLocalPrinterFrameShowsItsHandlerAndFollowsItsStatus)
     QWidget& frame = pageOf(node);
     EXPECT_EQ(tabs(frame).tabText(0), QStringLiteral("General"));
     EXPECT_EQ(tabs(frame).tabText(1), QStringLiteral("Settings"));
-    EXPECT_EQ(tabs(frame).currentWidget()->objectName(), QStringLiteral("ctlGeneralPage_Page"));
+    EXPECT_EQ(shownPage(frame)->objectName(), QStringLiteral("ctlGeneralPage_Page"));
     EXPECT_EQ(texts(frame, {"lblNameData", "lblPortData", "lblTypeData", "lblGeneralInfo"}),
               (QStringList{"Labeller 3", "10.1.2.3:9100", "Labeller 3 (friendly)", "Labeller 3"}));
     EXPECT_FALSE(ChildOf<QLabel>(frame, "imgGeneral").pixmap().isNull());
@@ -182,7 +64,7 @@ TEST_F(PagesTest, TheSettingsTabGoesToThePrintersWebPageOnce)
     SettingsWebLink& view = settingsView(frame);
     EXPECT_TRUE(view.isBlank());
     clickTab(frame, 1);
-    EXPECT_EQ(tabs(frame).currentWidget(), &view);
+    EXPECT_EQ(shownPage(frame), &view);
     EXPECT_EQ(view.location(), QStringLiteral(R"(http:\\10.1.2.3)"));
     EXPECT_EQ(view.url(), QUrl(QStringLiteral("http://10.1.2.3/")));
     EXPECT_TRUE(view.text().contains(QStringLiteral("href=\"http://10.1.2.3/\"")));
@@ -191,9 +73,15 @@ TEST_F(PagesTest, TheSettingsTabGoesToThePrintersWebPageOnce)
     m_application->queues.find("Labeller")->portName = QStringLiteral("10.9.9.9:80");
     clickTab(frame, 1);
     clickTab(frame, 0);
-    EXPECT_EQ(tabs(frame).currentIndex(), 0);
+    EXPECT_EQ(shownPage(frame)->objectName(), QStringLiteral("ctlGeneralPage_Page"));
     clickTab(frame, 1);
     EXPECT_EQ(view.location(), QStringLiteral(R"(http:\\10.1.2.3)"));
+
+    // Where no browser opens, the page says so and gives the address to copy.
+    view.setOpener([](const QUrl&) { return false; });
+    emit view.linkActivated(view.url().toString());
+    EXPECT_TRUE(view.text().contains(QStringLiteral("No web browser"))) << view.text().toStdString();
+    EXPECT_TRUE(view.text().contains(QStringLiteral("at http://10.1.2.3/")));
 
     // A port without a colon is taken whole; without a host there is nothing to open.
     const std::tuple<const char*, const char*, bool> ports[] = {
@@ -213,31 +101,54 @@ TEST_F(PagesTest, FramesKeepTheirSmallestSizeAndMoveNothingBeforeSetup)
 {
     ctlLBXPrinterUI early;
     early.show();
-    const QRect designed = tabs(early).geometry();
+    const QRect designed = tabSheet(early).geometry();
     EXPECT_EQ(early.DoResize(9000, 6000), std::optional<bool>(true));
     EXPECT_EQ(early.size(), QSize(600, 400));
-    EXPECT_EQ(tabs(early).geometry(), designed);
+    EXPECT_EQ(tabSheet(early).geometry(), designed);
 
     PrinterFrame& local = frameOf(printer("Labeller", 900, "x:1"));
-    const QSize margins = local.size() - tabs(local).size();
+    const QSize margins = local.size() - tabSheet(local).size();
     EXPECT_EQ(local.DoResize(3000, 2000), std::optional<bool>(true));
     EXPECT_EQ(local.size(), QSize(467, 300));
     EXPECT_EQ(local.DoResize(9000, 6000), std::optional<bool>(true));
     EXPECT_EQ(local.size(), QSize(600, 400));
-    EXPECT_EQ(local.size() - tabs(local).size(), margins);
+    EXPECT_EQ(local.size() - tabSheet(local).size(), margins);
 
+    // A coder's frame keeps its size whatever the pane asks; a size given to it moves its
+    // buttons with the tab strip's corner.
     PrinterFrame& coder = frameOf(printer("Coder", 2100));
     const QSize coderSize = coder.size();
     EXPECT_EQ(coder.DoResize(9000, 6000), std::nullopt);
     EXPECT_EQ(coder.size(), coderSize);
+    coder.resize(coderSize + QSize(100, 50));
+    const auto& cancel = ChildOf<QPushButton>(coder, "cmdCancel");
+    EXPECT_EQ(cancel.geometry().right(), tabSheet(coder).geometry().right());
+    EXPECT_GT(cancel.y(), tabSheet(coder).geometry().bottom());
+    EXPECT_EQ(ChildOf<QPushButton>(coder, "cmdApply").y(), cancel.y());
 }
 
 TEST_F(PagesTest, EachKindGetsItsTabsAndTheCodersTellWhyTheyDontAnswer)
 {
     clsComponent& coderNode = printer("Coder", 2100, "10.0.4.21:9100");
     QWidget& coder = pageOf(coderNode);
-    EXPECT_EQ(tabs(coder).count(), 1);
-    EXPECT_EQ(tabs(coder).tabText(0), QStringLiteral("C general"));
+    QTabBar& coderTabs = tabs(coder);
+    ASSERT_EQ(coderTabs.count(), 8);
+    EXPECT_EQ(coderTabs.tabText(0), QStringLiteral("C general"));
+    EXPECT_EQ(coderTabs.tabData(5), QStringLiteral("ctlDominoCPage3_1"));
+    EXPECT_EQ(shownPage(coder)->objectName(), QStringLiteral("ctlGeneralCSeriesPage_Page"));
+    // The logos' tag also holds the files' key: the longer name is found first.
+    clickTab(coder, 5);
+    EXPECT_EQ(shownPage(coder)->objectName(), QStringLiteral("ctlDominoCPage3_1_Page"));
+    clickTab(coder, 4);
+    EXPECT_EQ(shownPage(coder)->objectName(), QStringLiteral("ctlDominoCPage3_Page"));
+    clickTab(coder, 2);
+    EXPECT_EQ(shownPage(coder)->objectName(), QStringLiteral("ctlDominoCPage1_1_Page"));
+    // A tag that names no page changes nothing.
+    coderTabs.setTabData(7, QStringLiteral("ctlNowhere"));
+    clickTab(coder, 7);
+    EXPECT_EQ(shownPage(coder)->objectName(), QStringLiteral("ctlDominoCPage1_1_Page"));
+    EXPECT_FALSE(ChildOf<QPushButton>(coder, "cmdApply").isEnabled());
+
     EXPECT_EQ(text(coder, "lblTimeout"), QString());
     auto& handler = *qobject_cast<clsDominoHandlerC*>(coderNode.GetComponent());
     handler.Process();
@@ -247,11 +158,15 @@ TEST_F(PagesTest, EachKindGetsItsTabsAndTheCodersTellWhyTheyDontAnswer)
     EXPECT_EQ(statusColour(coder), dashboardColour(StateNoAnswer, coder));
 
     QWidget& aSeries = pageOf(printer("A-series", 2010));
+    ASSERT_EQ(tabs(aSeries).count(), 5);
     EXPECT_EQ(tabs(aSeries).tabText(0), QStringLiteral("A general"));
+    clickTab(aSeries, 3);
+    EXPECT_EQ(shownPage(aSeries)->objectName(), QStringLiteral("ctlDominoAPage3_Page"));
     EXPECT_NE(aSeries.findChild<QLabel*>(QStringLiteral("lblTimeout")), nullptr);
 
     QWidget& avery = pageOf(printer("Avery", 780));
     EXPECT_EQ(tabs(avery).tabText(1), QStringLiteral("settings"));
+    EXPECT_EQ(shownPage(avery)->objectName(), QStringLiteral("ctlAveryPage1_Page"));
     EXPECT_EQ(avery.findChild<QLabel*>(QStringLiteral("lblTimeout")), nullptr);
 }
 

@@ -3,6 +3,7 @@
 #include "core/IconFiles.h"
 #include "core/PresentTime.h"
 #include "platform/qt/FormPosition.h"
+#include "platform/qt/LongTime.h"
 #include "services/ErrorBox.h"
 #include "services/MessageCatalogue.h"
 
@@ -54,11 +55,8 @@ QString withoutLineFeeds(QString text)
 // The workstation's own short date and time to the second, without a time zone.
 QString dateTimeText(const QDateTime& when)
 {
-    const QLocale locale = QLocale::system();
-    const QString timeFormat =
-        locale.timeFormat(QLocale::LongFormat).remove(QLatin1Char('t')).trimmed();
-    return locale.toString(when.date(), QLocale::ShortFormat) + QLatin1Char(' ') +
-           locale.toString(when.time(), timeFormat);
+    return QLocale().toString(when.date(), QLocale::ShortFormat) + QLatin1Char(' ') +
+           LongTime::text(when);
 }
 } // namespace
 
