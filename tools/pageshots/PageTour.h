@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDir>
+#include <QObject>
+#include <functional>
+
+class QMainWindow;
+class QWidget;
+
+// Walks the window through its property pages as an operator would, one step at a time so
+// that each page is drawn before its picture: each kind of printer selected in the tree,
+// each tab of its frame shown and photographed, then the command test console opened, a
+// command sent and its reply photographed. Quits the application at the end.
+class PageTour : public QObject
+{
+    Q_OBJECT
+
+public:
+    PageTour(QMainWindow& window, const QDir& out);
+
+    void start();
+
+private:
+    using Step = std::function<void()>;
+
+    void then(int delayMs, Step step);
+    void next();
+    void visitPrinter(const QString& printerName);
+    void photographTabs();
+    void openConsole();
+    void sendFromConsole();
+    void photographConsole();
+    void save(QWidget& widget, const QString& fileName);
+    QWidget* shownFrame() const;
+
+    QMainWindow& m_window;
+    QDir m_out;
+    QList<std::pair<int, Step>> m_steps;
+    bool m_failed = false;
+};
