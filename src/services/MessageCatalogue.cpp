@@ -21,10 +21,12 @@ QString configuredLanguageUnder(const QString& sharedKey)
     return language.toString();
 }
 
-// A comment mark from the second character on cuts the line; one at the very start
-// doesn't, and the line is kept whole.
+// A comment mark from the second character on cuts the line; a line that begins with one
+// isn't a comment at all, and is kept whole, later marks included.
 QString withoutComment(const QString& line)
 {
+    if (line.startsWith(CommentMark))
+        return line;
     const qsizetype mark = line.indexOf(CommentMark, 1);
     if (mark < 0)
         return line;

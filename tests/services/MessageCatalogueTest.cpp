@@ -38,10 +38,10 @@ TEST_F(MessageCatalogueTest, LineNumbersAreIdsAndTheTableHasRoomBeyondTheFile)
 
 TEST_F(MessageCatalogueTest, CommentsEscapesAndEmptyLines)
 {
-    load("Open//the file\nOpen   // the file\n//kept whole\n\na\\nb\na\\tb\n"
+    load("Open//the file\nOpen   // the file\n//kept // whole\n\na\\nb\na\\tb\n"
          "See http://example for more\n/opt/newfolder\\name\nLF only\n");
     // The escape doesn't look at context: "\name" becomes a line break and "ame".
-    const char* expected[] = {"Open",  "Open",      "//kept whole",          "",       "a\r\nb",
+    const char* expected[] = {"Open",  "Open",      "//kept // whole",       "",       "a\r\nb",
                               "a\\tb", "See http:", "/opt/newfolder\r\name", "LF only"};
     for (int id = 1; id <= 9; ++id)
         EXPECT_EQ(m_catalogue.getMessage(id), QLatin1String(expected[id - 1])) << id;
