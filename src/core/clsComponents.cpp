@@ -178,8 +178,8 @@ void clsComponents::LoadState(const QString& sKeyName)
     QStringList subKeys;
     if (!EnumSubKeys(HKEY_LOCAL_MACHINE, subKeys, sKeyName))
         return;
-    // The listing starts with an empty name: the dashboard is restored once for it and once
-    // for each child, each time from the same key.
+    // The dashboard is restored once for each child, each time from the same key; a group
+    // without children lists one empty name, and restores it once.
     for (const QString& subKey : std::as_const(subKeys)) {
         std::shared_ptr<TreeNode> child;
         if (subKey.startsWith(QLatin1String("GP")))

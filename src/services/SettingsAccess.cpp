@@ -185,10 +185,13 @@ bool EnumSubKeys(qint32 hive, QStringList& names, const QString& path)
     QStringList list;
     if (!ListSubKeys(hive, DefaultRootKey + QLatin1Char('\\') + path, list))
         return false;
-    names = QStringList{QString()};
+    names.clear();
     for (const QString& name : std::as_const(list))
         if (!name.isEmpty())
             names.append(name.trimmed());
+    // A key without subkeys still gives a list of one element, an empty name.
+    if (names.isEmpty())
+        names.append(QString());
     return true;
 }
 

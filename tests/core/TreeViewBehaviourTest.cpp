@@ -57,7 +57,7 @@ TEST_F(TreeViewBehaviourTest, NewGroupsAreNamedSelectedAndOpenedForTheirName)
         names << g_oComponents->Find(id)->m_sName;
     }
     EXPECT_EQ(names, (QStringList{"New Group", "New Group 1", "New Group 2"}));
-    EXPECT_EQ(storedChildren("Printers").size(), 5); // the leading empty name, and four
+    EXPECT_EQ(storedChildren("Printers").size(), 4);
 
     // With a printer selected the group goes beside it.
     m_view.selectItem(idOf("Line 1"));
