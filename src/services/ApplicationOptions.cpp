@@ -6,8 +6,11 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <limits>
 
 namespace {
+// The ink limit when none is set: the coder's own warning stands.
+constexpr qint16 NoInkLowLimit = -1;
 const QString PollIntervalValue = QStringLiteral("PollInterval");
 const QString TreeIconSizeValue = QStringLiteral("TreeIconSize");
 
@@ -62,7 +65,13 @@ void ApplicationOptions::loadOptions()
     m_sMessageFolder = GetSafePath(GetSafePath(GetProgramFolder()) + languageFolder);
     m_lTreeIconSize = readOption(TreeIconSizeValue, m_lTreeIconSize);
     setPollIntervalOption(readOption(PollIntervalValue, DefaultPollInterval));
-    m_nPrintsRemainingInkLowLimit = qint16(readOption(InkLowLimitValue, -1));
+    // A limit a 16-bit count can't hold is no limit: wrapped, it would read as another one.
+    const qint32 inkLowLimit = readOption(InkLowLimitValue, NoInkLowLimit);
+    m_nPrintsRemainingInkLowLimit =
+        inkLowLimit >= std::numeric_limits<qint16>::min() &&
+                inkLowLimit <= std::numeric_limits<qint16>::max()
+            ? qint16(inkLowLimit)
+            : NoInkLowLimit;
     m_bLoaded = true;
 }
 

@@ -64,6 +64,18 @@ TEST_F(ApplicationOptionsTest, TheIntervalIsClampedInMemoryAndSavedOnlyBySave)
     EXPECT_EQ(storedOption("PollInterval"), QVariant(100000000));
 }
 
+TEST_F(ApplicationOptionsTest, AnInkLimitA16BitCountCantHoldIsNoLimit)
+{
+    for (const int stored : {40000, -40000, 32768}) {
+        storeOption("PrintsRemainingInkLowLimit", stored);
+        m_options.loadOptions();
+        EXPECT_EQ(m_options.getPrintsRemainingInkLowLimit(), -1) << stored;
+    }
+    storeOption("PrintsRemainingInkLowLimit", 32767);
+    m_options.loadOptions();
+    EXPECT_EQ(m_options.getPrintsRemainingInkLowLimit(), 32767);
+}
+
 TEST_F(ApplicationOptionsTest, ErrorBoxesCarryTheContextAndTheBrandedTitle)
 {
     ShowError(QStringLiteral("Disk full - 61"), QStringLiteral("AddInControl - Save"));
