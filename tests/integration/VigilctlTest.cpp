@@ -72,9 +72,16 @@ TEST_F(VigilctlTest, MessagesFollowTheLanguageAndTheBrand)
     EXPECT_TRUE(english.out.contains("4") && english.out.contains("65000"))
         << english.out.toStdString();
     EXPECT_TRUE(english.err.isEmpty()) << english.err.toStdString();
-    const Outcome german = vigilctl({"message", "30", "4", "65000"}, {}, {"LANGUAGE=de_DE"});
-    EXPECT_EQ(german.code, 0);
-    EXPECT_NE(german.out, english.out);
+    // Each language the chain can choose, from the user's locale.
+    for (const char* language : {"da_DK", "de_DE", "es_ES", "fr_FR", "it_IT", "nl_NL", "pt_PT",
+                                 "sv_SE"}) {
+        const Outcome translated = vigilctl({"message", "30", "4", "65000"}, {},
+                                            {QStringLiteral("LANGUAGE=") + language});
+        EXPECT_EQ(translated.code, 0) << language;
+        EXPECT_TRUE(translated.err.isEmpty()) << language << translated.err.toStdString();
+        EXPECT_TRUE(translated.out.contains("65000")) << language;
+        EXPECT_NE(translated.out, english.out) << language;
+    }
 
     // Brand words reach the printed text.
     QFile catalogue(QStringLiteral(VIGIL_BIN_DIR "/MSGen/Vigil.msg"));
