@@ -13,6 +13,9 @@ public:
     static constexpr qint32 InvalidProcedureCall = 5;
     static constexpr qint32 Overflow = 6;
     static constexpr qint32 TypeMismatch = 13;
+    static constexpr qint32 FileNotFound = 53;
+    // A file that can be read but says something it may not.
+    static constexpr qint32 BadFileFormat = 321;
 
     VigilError(qint32 number, QString source, QString description);
 

@@ -29,6 +29,9 @@ public:
     FakePrintJob(QString path, qint32 quantity, bool bPause, qint32 printerType);
 
     qint32 PrinterType() const override { return printerType; }
+    QList<PromptedValue>& PromptedValues() override { return promptedValues; }
+    QList<DatabaseKey>& DatabaseKeys() override { return databaseKeys; }
+    QList<LabelSetElement> LabelSetElements() const override { return elements; }
     void Cancel() override { ++cancelCount; }
     void SetGroupIdentifier(const QString& identifier, const QString& printer) override;
 
@@ -40,6 +43,9 @@ public:
     qint32 printerType;
     int cancelCount = 0;
     QList<std::pair<QString, QString>> groupIdentifiers;
+    QList<PromptedValue> promptedValues;
+    QList<DatabaseKey> databaseKeys;
+    QList<LabelSetElement> elements;
 };
 
 class FakeQueue : public Queue
