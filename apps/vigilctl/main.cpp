@@ -1,4 +1,5 @@
 #include "CommandLine.h"
+#include "FormatCommand.h"
 #include "MessageCommand.h"
 #include "QueueCommand.h"
 #include "StatusCommand.h"
@@ -19,11 +20,13 @@ QString usage()
         "  queue     list, add and remove the printers' queues\n"
         "  status    poll the printers without a window and print what they say\n"
         "  message   print a message of the catalogue\n"
+        "  format    show what a label format or a label set asks for\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
-        "Exit codes: 0 done; 1 the key, value, queue or message asked for is missing; 2 a bad\n"
-        "command line; 3 the store or a file can't be used; 4 a change by someone who is no\n"
-        "administrator. vigilctl status answers as a monitoring plugin (see its --help).\n");
+        "Exit codes: 0 done; 1 the key, value, queue or message asked for is missing, or a\n"
+        "label file is missing or faulty; 2 a bad command line; 3 the store or a file can't be\n"
+        "used; 4 a change by someone who is no administrator. vigilctl status answers as a\n"
+        "monitoring plugin (see its --help).\n");
 }
 } // namespace
 
@@ -44,6 +47,8 @@ int main(int argc, char* argv[])
         return StatusCommand(console).run(args.mid(1));
     if (command == QLatin1String("message"))
         return MessageCommand(console).run(args.mid(1));
+    if (command == QLatin1String("format"))
+        return FormatCommand(console).run(args.mid(1));
     if (command == QLatin1String("--help") || command == QLatin1String("-h") ||
         command == QLatin1String("help")) {
         out << usage();

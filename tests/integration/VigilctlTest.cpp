@@ -267,4 +267,41 @@ TEST_F(VigilctlTest, AStoreThatCannotBeUsedOrChangedIsCodeThree)
     ASSERT_TRUE(notes.open(QIODevice::ReadOnly));
     EXPECT_EQ(notes.readAll(), QByteArray("my notes"));
 }
+
+TEST_F(VigilctlTest, FormatShowListsWhatALabelAsksForAndNamesTheLineOfAFault)
+{
+    const auto write = [&](const QString& name, const QByteArray& text) {
+        QFile file(m_dir.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return file.fileName();
+    };
+    const QString format = write("case.fmt", "[Format]\nPrinterType=900\nDescription=Case label\n"
+                                             "[Prompt Lot]\nPrompt=Lot number\nValue=L0001\n"
+                                             "MaxLength=8\nMask=>AA9999\n"
+                                             "[DatabaseKey Products]\nKeyField=Code\n"
+                                             "DataSource=QSQLITE:plant\n[Data]\n{Lot}{Products}\n");
+    const Outcome shown = vigilctl({"format", "show", format});
+    EXPECT_EQ(shown.code, 0) << shown.err.toStdString();
+    EXPECT_EQ(shown.out,
+              "type: 900\ndescription: Case label\nprompts:\n"
+              "  Lot: prompt \"Lot number\", value \"L0001\", max length 8, mask \">AA9999\"\n"
+              "keys:\n"
+              "  Products: prompt \"\", value \"\", key field Code, data source QSQLITE:plant\n");
+
+    const Outcome set = vigilctl({"format", "show",
+                                  write("line1.lbs", "[LabelSet]\n[Elements]\n"
+                                                     "Cases=case.fmt\n")});
+    EXPECT_EQ(set.code, 0) << set.err.toStdString();
+    EXPECT_TRUE(set.out.endsWith("elements:\n  Cases: " + format + ", type 900\n"))
+        << set.out.toStdString();
+
+    const Outcome faulty = vigilctl(
+        {"format", "show", write("bad.fmt", "[Format]\nPrinterType=900\nPromt=x\n[Data]\n")});
+    EXPECT_EQ(faulty.code, 1);
+    EXPECT_TRUE(faulty.out.isEmpty());
+    EXPECT_EQ(faulty.err, "vigilctl: bad.fmt, line 3: unknown key \"Promt\" in [Format]\n");
+    EXPECT_EQ(vigilctl({"format", "show", m_dir.filePath("none.fmt")}).code, 1);
+    EXPECT_EQ(vigilctl({"format", "list", format}).code, 2);
+}
 } // namespace
