@@ -42,6 +42,10 @@ int ServeCommand::run(const QString& scenarioPath)
                 m_console.complain(
                     QStringLiteral("\"%1\" cannot take a client for now: %2").arg(name, reason));
             });
+        QObject::connect(server.get(), &SimServer::notice,
+                         [this, name = printer.name](const QString& line) {
+                             m_console.say(QStringLiteral("%1: %2").arg(name, line));
+                         });
         m_console.say(QStringLiteral("serving %1 \"%2\" at %3")
                           .arg(server->kind(), server->name(), server->address()));
         servers.push_back(std::move(server));

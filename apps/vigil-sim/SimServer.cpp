@@ -86,6 +86,9 @@ void SimServer::serveClient(QTcpSocket* client, std::unique_ptr<SimPrinter> prin
             [answering, client] { answering->input(client->readAll()); });
     connect(answering, &SimPrinter::output, client,
             [client](const QByteArray& bytes) { client->write(bytes); });
+    // Held by the client, so that dropping the client cuts it as it cuts the output.
+    connect(answering, &SimPrinter::notice, client,
+            [this](const QString& line) { emit notice(line); });
     connect(client, &QTcpSocket::disconnected, this, [this, client] { dropClient(client); });
     m_clients.emplace(client, std::move(printer));
 }

@@ -34,6 +34,8 @@ public:
 signals:
     // Clients can't connect for now; it tries again by itself.
     void acceptFailed(const QString& reason);
+    // One of its printers had something to tell ("label 3: ...").
+    void notice(const QString& line);
 
 private:
     void acceptClients();

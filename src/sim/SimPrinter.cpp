@@ -52,6 +52,8 @@ void SimPrinter::input(const QByteArray& bytes)
     for (const QByteArray& reply : m_engine->receive(bytes, QDateTime::currentDateTime()))
         if (!m_bSilent && !reply.isEmpty())
             schedule(reply);
+    for (const QString& line : m_engine->takeNotices())
+        emit notice(line);
 }
 
 void SimPrinter::schedule(const QByteArray& reply)

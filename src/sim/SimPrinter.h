@@ -38,6 +38,8 @@ public:
 
 signals:
     void output(const QByteArray& bytes);
+    // Within input(), unlike output: what the engine had to tell, such as a label printed.
+    void notice(const QString& line);
 
 private:
     struct Piece

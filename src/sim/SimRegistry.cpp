@@ -4,6 +4,7 @@
 #include "sim/AveryEngine.h"
 #include "sim/CSeriesEngine.h"
 #include "sim/EchoEngine.h"
+#include "sim/LabelEngine.h"
 
 #include <QMap>
 
@@ -16,6 +17,7 @@ QMap<QString, SimRegistry::Factory>& factories()
         {QStringLiteral("c-series"), &CSeriesEngine::create},
         {QStringLiteral("a-series"), &ASeriesEngine::create},
         {QStringLiteral("avery"), &AveryEngine::create},
+        {QStringLiteral("label"), &LabelEngine::create},
     };
     return table;
 }

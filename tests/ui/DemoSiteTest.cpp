@@ -7,6 +7,7 @@
 #include "platform/lbx/LbxApplication.h"
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/QueueStore.h"
+#include "platform/qt/PrinterFamily.h"
 #include "services/ApplicationOptions.h"
 #include "services/SettingsAccess.h"
 #include "sim/SimPrinter.h"
@@ -14,6 +15,7 @@
 #include "ui/WidgetApplication.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QSet>
@@ -54,6 +56,31 @@ protected:
 
     QMap<QByteArray, QByteArray> m_saved;
 };
+
+// "Name=Value" lines by section, as a format or label set file holds them; the data is left out.
+QMap<QString, QMap<QString, QString>> sectionsOf(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text)) << path.toStdString();
+    QMap<QString, QMap<QString, QString>> sections;
+    QString section;
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
+        if (section == "Data")
+            break;
+        if (line.startsWith('['))
+            section = line.mid(1, line.indexOf(']') - 1);
+        else if (line.contains('=') && !line.startsWith(';'))
+            sections[section].insert(line.section('=', 0, 0), line.section('=', 1));
+    }
+    return sections;
+}
+
+QString settingOf(const QString& name)
+{
+    QVariant value;
+    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, LbxApplication::SettingsKey, name, value), 0);
+    return value.toString();
+}
 
 TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
 {
@@ -119,6 +146,46 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
     EXPECT_EQ(administrators, QVariant(QString()));
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
     EXPECT_FALSE(QFile::exists(userStorePath()));
+}
+
+TEST_F(DemoSiteTest, TheDemosLabelFolderHasAFormatForEachKindOfItsPrintersAndASetForLine1)
+{
+    DemoSite::use(true);
+    const QString root = settingOf("LabelRootFolder");
+    EXPECT_EQ(root, QDir(GetProgramFolder()).filePath("demo/labels"));
+    EXPECT_EQ(settingOf("FileViewRootFolder"), root);
+    // The fixture's program folder is a scratch one; the resources lie beside this program.
+    const QDir folder(QCoreApplication::applicationDirPath() + "/demo/labels");
+
+    QSet<qint32> demoTypes;
+    for (const QueueRecord& queue : QueueStore::load())
+        demoTypes.insert(queue.printerNumber);
+    QSet<qint32> formatTypes;
+    const QStringList formats = folder.entryList({"*.FMT"}, QDir::Files);
+    for (const QString& format : formats) {
+        const auto sections = sectionsOf(folder.filePath(format));
+        bool isNumber = false;
+        const qint32 type = sections.value("Format").value("PrinterType").toInt(&isNumber);
+        EXPECT_TRUE(isNumber && demoTypes.contains(type)) << format.toStdString();
+        formatTypes.insert(type);
+        const bool isLabel = PrinterFamily::of(type) == PrinterFamily::Avery ||
+                             PrinterFamily::of(type) == PrinterFamily::LocalLabelPrinter;
+        EXPECT_EQ(sections.value("DatabaseKey Products").value("KeyField"),
+                  isLabel ? "Code" : QString())
+            << format.toStdString();
+        for (auto section = sections.cbegin(); section != sections.cend(); ++section)
+            if (section.key().startsWith("DatabaseKey "))
+                EXPECT_TRUE(folder.exists(section->value("DataSource"))) << format.toStdString();
+    }
+    EXPECT_EQ(formatTypes, demoTypes);
+
+    const auto set = sectionsOf(folder.filePath("Line1.LBS"));
+    EXPECT_EQ(set.value("LabelSet").value("Description"), "Line 1");
+    const QMap<QString, QString> elements = set.value("Elements");
+    // One for each printer of line 1.
+    EXPECT_EQ(elements.size(), 5);
+    for (const QString& format : elements)
+        EXPECT_TRUE(formats.contains(format)) << format.toStdString();
 }
 
 TEST_F(DemoSiteTest, AChangedDemoIsKeptUnlessFreshAndTheUsersStoreIsNeverTouched)

@@ -23,6 +23,8 @@ namespace {
 const QString Context = QStringLiteral("Demo site");
 const QString TreeKey = QStringLiteral("Printers");
 constexpr qint32 InkLowLimit = 10;
+// Beside the program, as the build and an installation lay resources out.
+const QString LabelFolder = QStringLiteral("demo/labels");
 
 struct DemoPrinter
 {
@@ -118,6 +120,15 @@ void writeOptions()
                REG_SZ, QString());
 }
 
+// The demo's formats, label set and products are where a print job looks for them.
+void writeLabelFolders()
+{
+    const QString folder = QDir(GetProgramFolder()).filePath(LabelFolder);
+    for (const QString& name :
+         {QStringLiteral("LabelRootFolder"), QStringLiteral("FileViewRootFolder")})
+        WriteValue(HKEY_LOCAL_MACHINE, LbxApplication::SettingsKey, name, REG_SZ, folder);
+}
+
 QueueRecord queueOf(const DemoPrinter& printer)
 {
     QueueRecord queue;
@@ -198,6 +209,7 @@ void DemoSite::seed()
     root->Save(TreeKey);
 
     writeOptions();
+    writeLabelFolders();
 
     if (!transaction.commit())
         ShowError(tr("The demo site could not be written to %1").arg(store.filePath()), Context);
