@@ -4,6 +4,7 @@
 #include "core/HandlerTable.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
+#include "platform/lbx/LabelFormat.h"
 #include "platform/lbx/LbxApplication.h"
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/QueueStore.h"
@@ -56,24 +57,6 @@ protected:
 
     QMap<QByteArray, QByteArray> m_saved;
 };
-
-// "Name=Value" lines by section, as a format or label set file holds them; the data is left out.
-QMap<QString, QMap<QString, QString>> sectionsOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text)) << path.toStdString();
-    QMap<QString, QMap<QString, QString>> sections;
-    QString section;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
-        if (section == "Data")
-            break;
-        if (line.startsWith('['))
-            section = line.mid(1, line.indexOf(']') - 1);
-        else if (line.contains('=') && !line.startsWith(';'))
-            sections[section].insert(line.section('=', 0, 0), line.section('=', 1));
-    }
-    return sections;
-}
 
 QString settingOf(const QString& name)
 {
@@ -133,7 +116,7 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
         ASSERT_NE(simulated, nullptr) << refusal.toStdString();
         kinds.insert(simulated->kind());
     }
-    EXPECT_EQ(kinds, (QSet<QString>{"c-series", "a-series", "avery", "echo"}));
+    EXPECT_EQ(kinds, (QSet<QString>{"c-series", "a-series", "avery", "label"}));
 
     // Polled as often as allowed, warning of low ink, and open to every user.
     ApplicationOptions::process() = ApplicationOptions();
@@ -161,31 +144,24 @@ TEST_F(DemoSiteTest, TheDemosLabelFolderHasAFormatForEachKindOfItsPrintersAndASe
     for (const QueueRecord& queue : QueueStore::load())
         demoTypes.insert(queue.printerNumber);
     QSet<qint32> formatTypes;
-    const QStringList formats = folder.entryList({"*.FMT"}, QDir::Files);
-    for (const QString& format : formats) {
-        const auto sections = sectionsOf(folder.filePath(format));
-        bool isNumber = false;
-        const qint32 type = sections.value("Format").value("PrinterType").toInt(&isNumber);
-        EXPECT_TRUE(isNumber && demoTypes.contains(type)) << format.toStdString();
-        formatTypes.insert(type);
-        const bool isLabel = PrinterFamily::of(type) == PrinterFamily::Avery ||
-                             PrinterFamily::of(type) == PrinterFamily::LocalLabelPrinter;
-        EXPECT_EQ(sections.value("DatabaseKey Products").value("KeyField"),
-                  isLabel ? "Code" : QString())
-            << format.toStdString();
-        for (auto section = sections.cbegin(); section != sections.cend(); ++section)
-            if (section.key().startsWith("DatabaseKey "))
-                EXPECT_TRUE(folder.exists(section->value("DataSource"))) << format.toStdString();
+    for (const QString& file : folder.entryList({"*.FMT"}, QDir::Files)) {
+        const LabelFormat format = LabelFormat::read(folder.filePath(file));
+        EXPECT_TRUE(demoTypes.contains(format.printerType())) << file.toStdString();
+        formatTypes.insert(format.printerType());
+        // The label printers' formats pick a product from the demo's database.
+        const bool isLabel = PrinterFamily::of(format.printerType()) == PrinterFamily::Avery ||
+                             PrinterFamily::of(format.printerType()) ==
+                                 PrinterFamily::LocalLabelPrinter;
+        EXPECT_EQ(format.keys().size(), isLabel ? 1 : 0) << file.toStdString();
+        for (const DatabaseKey& key : format.keys())
+            EXPECT_TRUE(QFile::exists(key.DataSource)) << file.toStdString();
     }
     EXPECT_EQ(formatTypes, demoTypes);
 
-    const auto set = sectionsOf(folder.filePath("Line1.LBS"));
-    EXPECT_EQ(set.value("LabelSet").value("Description"), "Line 1");
-    const QMap<QString, QString> elements = set.value("Elements");
-    // One for each printer of line 1.
-    EXPECT_EQ(elements.size(), 5);
-    for (const QString& format : elements)
-        EXPECT_TRUE(formats.contains(format)) << format.toStdString();
+    // One label for each printer of line 1.
+    const LabelSetFile set = LabelSetFile::read(folder.filePath("Line1.LBS"));
+    EXPECT_EQ(set.description(), QStringLiteral("Line 1"));
+    EXPECT_EQ(set.elements().size(), 5);
 }
 
 TEST_F(DemoSiteTest, AChangedDemoIsKeptUnlessFreshAndTheUsersStoreIsNeverTouched)

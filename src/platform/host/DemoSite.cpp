@@ -65,7 +65,7 @@ const DemoPrinter Printers[] = {
     // A label jam at the dispenser.
     {"Line 2", "Pallet labeller", PrinterFamily::Avery, "sim:avery?code=11&flag=1",
      "Avery, line 2 pallets"},
-    {"Line 2", "Office label printer", PrinterFamily::LocalLabelPrinter, "sim:echo",
+    {"Line 2", "Office label printer", PrinterFamily::LocalLabelPrinter, "sim:label",
      "Label printer in the line 2 office"},
 };
 

@@ -356,7 +356,8 @@ LabelSetFile LabelSetFile::read(const QString& path)
         set.m_description = setting.value;
     }
     const IniSection* elements = nullptr;
-    for (const IniSection& section : sections.mid(1)) {
+    for (qsizetype index = 1; index < sections.size(); ++index) {
+        const IniSection& section = sections[index];
         if (!section.is(ElementsSection))
             file.fail(section.line, QStringLiteral("unknown section [%1]").arg(section.title));
         elements = &section;
