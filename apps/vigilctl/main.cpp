@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 #include "FormatCommand.h"
+#include "JobsCommand.h"
 #include "MessageCommand.h"
 #include "QueueCommand.h"
 #include "StatusCommand.h"
@@ -18,12 +19,13 @@ QString usage()
         "Commands:\n"
         "  store     read and change the settings store\n"
         "  queue     list, add and remove the printers' queues\n"
+        "  jobs      list the print jobs kept in the spool, and cancel one\n"
         "  status    poll the printers without a window and print what they say\n"
         "  message   print a message of the catalogue\n"
         "  format    show what a label format or a label set asks for\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
-        "Exit codes: 0 done; 1 the key, value, queue or message asked for is missing, or a\n"
+        "Exit codes: 0 done; 1 the key, value, queue, job or message asked for is missing, or a\n"
         "label file is missing or faulty; 2 a bad command line; 3 the store or a file can't be\n"
         "used; 4 a change by someone who is no administrator. vigilctl status answers as a\n"
         "monitoring plugin (see its --help).\n");
@@ -43,6 +45,8 @@ int main(int argc, char* argv[])
         return StoreCommand(console).run(args.mid(1));
     if (command == QLatin1String("queue"))
         return QueueCommand(console).run(args.mid(1));
+    if (command == QLatin1String("jobs"))
+        return JobsCommand(console).run(args.mid(1));
     if (command == QLatin1String("status"))
         return StatusCommand(console).run(args.mid(1));
     if (command == QLatin1String("message"))

@@ -178,7 +178,7 @@ TEST_F(QueuesTest, TheApplicationReadsItsSettingsAndTheUsersRight)
     set("Administrators", "@no-such-group-here");
     EXPECT_EQ(application.LabelRootFolder(), QStringLiteral("/srv/labels"));
     EXPECT_EQ(application.DefaultQueueName(), QStringLiteral("Line 1"));
-    EXPECT_TRUE(application.FileViewRootFolder().isEmpty());
+    EXPECT_EQ(application.FileViewRootFolder(), QStringLiteral("/srv/labels")); // the label root
     EXPECT_FALSE(application.IsAdministrator());
     set("Administrators", "someone, " + UserRights::userName());
     EXPECT_TRUE(application.IsAdministrator());

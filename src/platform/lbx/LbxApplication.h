@@ -18,6 +18,7 @@ public:
     // Who may change the tree: names and @groups; empty lets everyone.
     inline static const QString AdministratorsValue = QStringLiteral("Administrators");
 
+    // Takes over the print jobs that programs before it left unsent.
     LbxApplication();
     ~LbxApplication() override;
 
@@ -32,6 +33,8 @@ public:
     bool IsAdministrator() const override;
     // The same answer without an application, for tools that change the store.
     static bool currentUserIsAdministrator();
+    // As stored, else "labels" in the settings store's folder.
+    static QString labelRootFolder();
 
     // For the adapter's attach factory.
     static std::shared_ptr<Application> attach();

@@ -2,19 +2,24 @@
 
 #include "drivers/PrintJob.h"
 #include "platform/lbx/IQueueDialogs.h"
+#include "platform/lbx/LbxPrintJob.h"
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/TransportFactory.h"
 #include "services/VigilError.h"
 
-namespace {
-// The run-time's "path/file access error", for a file this application can't open.
-constexpr qint32 FileAccessError = 75;
-} // namespace
-
 LbxQueue::LbxQueue(const QueueRecord& record, QObject* parent)
+    : LbxQueue(record, PrintSpool::process(), parent)
+{}
+
+LbxQueue::LbxQueue(const QueueRecord& record, std::shared_ptr<PrintSpool> spool, QObject* parent)
     : Queue(parent)
     , m_record(record)
+    , m_spool(spool)
+    , m_feed(record.name, std::move(spool))
 {
+    connect(&m_feed, &PrintFeed::progress, this, &Queue::PrintItemStatusChanged);
+    connect(&m_feed, &PrintFeed::failed, this, &Queue::Error);
+    connect(&m_feed, &PrintFeed::note, this, &Queue::Message);
     m_clock.start();
     attachTransport();
 }
@@ -25,7 +30,14 @@ void LbxQueue::attachTransport()
 {
     m_transport = CreateTransport(PortAddress::parse(m_record.portName));
     connect(m_transport.get(), &Transport::received, this, &LbxQueue::deliver);
+    m_feed.setTransport(m_transport.get());
     m_transport->open();
+}
+
+void LbxQueue::setReplyWanted(bool wanted)
+{
+    m_bReplyWanted = wanted;
+    m_feed.setExchangeRunning(wanted);
 }
 
 void LbxQueue::reconfigure(const QueueRecord& record)
@@ -59,12 +71,9 @@ void LbxQueue::ShowPrinterProperties()
     IQueueDialogs::process().showProperties(m_record, reachability());
 }
 
-std::shared_ptr<PrintJob> LbxQueue::CreateJob(const QString& path, qint32, bool)
+std::shared_ptr<PrintJob> LbxQueue::CreateJob(const QString& path, qint32 quantity, bool)
 {
-    throw VigilError(FileAccessError, QStringLiteral("LbxQueue"),
-                     QStringLiteral("%1 can't be printed: this print application sends no "
-                                    "label files yet")
-                         .arg(path));
+    return LbxPrintJob::create(path, quantity, *this, m_spool);
 }
 
 QString LbxQueue::reachability() const

@@ -2,6 +2,7 @@
 
 #include "drivers/Queue.h"
 #include "platform/lbx/FloodGuard.h"
+#include "platform/lbx/PrintFeed.h"
 #include "platform/lbx/QueueRecord.h"
 #include "platform/lbx/Transport.h"
 
@@ -9,27 +10,34 @@
 #include <memory>
 
 // One printer of the print application: the queue's settings and the wire its port name
-// asks for, opened at once and kept up by itself.
+// asks for, opened at once and kept up by itself. Its print jobs wait in the spool and go
+// between exchanges.
 class LbxQueue : public Queue
 {
     Q_OBJECT
 
 public:
+    // Jobs go through the process's spool unless another is given.
     explicit LbxQueue(const QueueRecord& record, QObject* parent = nullptr);
+    LbxQueue(const QueueRecord& record, std::shared_ptr<PrintSpool> spool,
+             QObject* parent = nullptr);
     ~LbxQueue() override;
 
     QString Name() const override { return m_record.name; }
     QString FriendlyName() const override { return m_record.friendlyName; }
     QString PortName() const override { return m_record.portName; }
     qint16 PrinterNumber() const override { return m_record.printerNumber; }
-    // No print work is queued here yet.
-    qint32 PendingItems() const override { return 0; }
+    // Jobs of this queue that this program holds and hasn't finished sending.
+    qint32 PendingItems() const override { return m_feed.pending(); }
     bool ReplyWanted() const override { return m_bReplyWanted; }
-    void setReplyWanted(bool wanted) override { m_bReplyWanted = wanted; }
+    void setReplyWanted(bool wanted) override;
     void SendData(const QByteArray& data) override;
     void ShowPrinterProperties() override;
-    // This print application doesn't print files yet: raises VigilError.
+    // A job for a .FMT or .LBS file, released to the spool of this queue's printers when
+    // dropped. bPause isn't used: a job goes as soon as its printer is free.
     std::shared_ptr<PrintJob> CreateJob(const QString& path, qint32 quantity, bool bPause) override;
+    // A fault of this queue's print work, for the progress log.
+    void reportError(qint32 number, const QString& text) { emit Error(number, text); }
 
     const QueueRecord& record() const { return m_record; }
     // New settings; a new port name brings a new wire.
@@ -47,4 +55,6 @@ private:
     FloodGuard m_floodGuard;
     QElapsedTimer m_clock;
     bool m_bReplyWanted = false;
+    std::shared_ptr<PrintSpool> m_spool;
+    PrintFeed m_feed;
 };
