@@ -7,7 +7,7 @@ CommandLine::CommandLine(const QStringList& words, const QSet<QString>& flags,
     QString pendingOption;
     for (const QString& word : words) {
         if (!pendingOption.isEmpty()) {
-            m_values.insert(std::exchange(pendingOption, QString()), word);
+            m_values[std::exchange(pendingOption, QString())].append(word);
             continue;
         }
         const bool looksLikeFlag =
@@ -32,7 +32,12 @@ CommandLine::CommandLine(const QStringList& words, const QSet<QString>& flags,
 std::optional<QString> CommandLine::value(const QString& option) const
 {
     const auto found = m_values.constFind(option);
-    return found == m_values.constEnd() ? std::nullopt : std::optional<QString>(*found);
+    return found == m_values.constEnd() ? std::nullopt : std::optional<QString>(found->last());
+}
+
+QStringList CommandLine::values(const QString& option) const
+{
+    return m_values.value(option);
 }
 
 int Console::fail(const QString& message, ExitCode code) const

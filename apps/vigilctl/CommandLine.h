@@ -25,8 +25,10 @@ public:
 
     const QStringList& positional() const { return m_positional; }
     bool has(const QString& flag) const { return m_given.contains(flag); }
-    // The value of an option, or none when it wasn't given.
+    // The value of an option, or none when it wasn't given; the last one if given again.
     std::optional<QString> value(const QString& option) const;
+    // Every value of an option that may be given more than once, in order.
+    QStringList values(const QString& option) const;
     // An option given last, without its value, or empty.
     const QString& optionWithoutValue() const { return m_missingValue; }
     bool wantsHelp() const { return m_bHelp; }
@@ -36,7 +38,7 @@ public:
 private:
     QStringList m_positional;
     QSet<QString> m_given;
-    QHash<QString, QString> m_values;
+    QHash<QString, QStringList> m_values;
     QString m_missingValue;
     QString m_unknown;
     bool m_bHelp = false;

@@ -2,6 +2,7 @@
 #include "FormatCommand.h"
 #include "JobsCommand.h"
 #include "MessageCommand.h"
+#include "PrintCommand.h"
 #include "QueueCommand.h"
 #include "StatusCommand.h"
 #include "StoreCommand.h"
@@ -23,6 +24,7 @@ QString usage()
         "  status    poll the printers without a window and print what they say\n"
         "  message   print a message of the catalogue\n"
         "  format    show what a label format or a label set asks for\n"
+        "  print     print a label format or a label set on a queue\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
         "Exit codes: 0 done; 1 the key, value, queue, job or message asked for is missing, or a\n"
@@ -53,6 +55,8 @@ int main(int argc, char* argv[])
         return MessageCommand(console).run(args.mid(1));
     if (command == QLatin1String("format"))
         return FormatCommand(console).run(args.mid(1));
+    if (command == QLatin1String("print"))
+        return PrintCommand(console).run(args.mid(1));
     if (command == QLatin1String("--help") || command == QLatin1String("-h") ||
         command == QLatin1String("help")) {
         out << usage();
