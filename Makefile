@@ -58,6 +58,7 @@ bench: build
 	$(BUILD)/bin/bench_tree
 	$(BUILD)/bin/bench_drivers
 	$(BUILD)/bin/bench_queues
+	$(BUILD)/bin/bench_spool
 	$(BUILD)/bin/bench_window
 	bench/sim-load $(BUILD) c-series 2100
 	bench/sim-load $(BUILD) a-series 2011
