@@ -20,6 +20,7 @@ QList<QByteArray> AveryEngine::receive(const QByteArray& bytes, const QDateTime&
 {
     if (m_uptime.powerOn(now))
         m_state.powerOn(now);
+    m_printed.read(bytes);
     SimOutputLimit output;
     for (const AveryCommand command : m_reader.read(bytes)) {
         switch (command) {

@@ -63,4 +63,15 @@ TEST(AveryInputTest, CommandsSplitAnyWayOrRunTogetherAreEachTakenOnce)
               QList<QByteArray>({"S00A100M00009F32768K12", "S00A101M00009F32768K12",
                                  "S00A100M00009F32768K12", "S00A100M00009F32768K12"}));
 }
+TEST(AveryInputTest, TheLabelsOfAJobAreKeptBesideItsCommands)
+{
+    const auto engine = engineOf("labels=9");
+    ASSERT_TRUE(engine);
+    // A label in ZPL, with a status request in the middle of it, as a job between polls.
+    EXPECT_EQ(send(*engine, "^XA^FO40,40^FDL0042^FS" + kStatus + "^FDJuice^FS^XZ"),
+              QList<QByteArray>{"S00A100M00009F32768K12"});
+    EXPECT_EQ(engine->printed().count(), 1);
+    EXPECT_EQ(engine->printed().lastFields(), (QStringList{"L0042", "Juice"}));
+    EXPECT_EQ(engine->takeNotices(), QStringList{"label 1: L0042 | Juice"});
+}
 } // namespace

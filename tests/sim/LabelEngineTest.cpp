@@ -21,8 +21,8 @@ TEST(LabelEngineTest, LabelsCutIntoPiecesOfAnySizeAreCountedWithTheirFields)
     for (const qsizetype pieceSize : {1, 2, 3, 7, 1000}) {
         LabelEngine engine;
         feed(engine, kJuice + tea, pieceSize);
-        EXPECT_EQ(engine.labelCount(), 2) << pieceSize;
-        EXPECT_EQ(engine.lastFields(), (QStringList{"L0002", "Green tea 0,5l", ""})) << pieceSize;
+        EXPECT_EQ(engine.printed().count(), 2) << pieceSize;
+        EXPECT_EQ(engine.printed().lastFields(), (QStringList{"L0002", "Green tea 0,5l", ""})) << pieceSize;
         EXPECT_EQ(engine.takeNotices(), (QStringList{"label 1: L0001 | Apple juice 1l",
                                                      "label 2: L0002 | Green tea 0,5l |"}));
         EXPECT_TRUE(engine.takeNotices().isEmpty());
@@ -34,16 +34,16 @@ TEST(LabelEngineTest, ALabelSplitInsideItsEndIsOneLabelAndAnUnendedOneIsNone)
     LabelEngine engine;
     const qsizetype split = kJuice.indexOf("^XZ") + 2;
     feed(engine, kJuice.left(split), 1000);
-    EXPECT_EQ(engine.labelCount(), 0);
-    EXPECT_TRUE(engine.lastFields().isEmpty());
+    EXPECT_EQ(engine.printed().count(), 0);
+    EXPECT_TRUE(engine.printed().lastFields().isEmpty());
     feed(engine, kJuice.mid(split), 1000);
-    EXPECT_EQ(engine.labelCount(), 1);
-    EXPECT_EQ(engine.lastFields(), kJuiceFields);
+    EXPECT_EQ(engine.printed().count(), 1);
+    EXPECT_EQ(engine.printed().lastFields(), kJuiceFields);
 
     // A field left open is closed by the next command; ^XA forgets an unended label.
     feed(engine, "^XA^FDlost^FS^XA^FDUTF-8 \xC3\xA4pfel^XZ", 1000);
-    EXPECT_EQ(engine.labelCount(), 2);
-    EXPECT_EQ(engine.lastFields(), QStringList{QString::fromUtf8("UTF-8 \xC3\xA4pfel")});
+    EXPECT_EQ(engine.printed().count(), 2);
+    EXPECT_EQ(engine.printed().lastFields(), QStringList{QString::fromUtf8("UTF-8 \xC3\xA4pfel")});
 }
 
 TEST(LabelEngineTest, GarbageBetweenLabelsChangesNothing)
@@ -54,12 +54,12 @@ TEST(LabelEngineTest, GarbageBetweenLabelsChangesNothing)
         if (byte != '^')
             garbage.append(char(byte));
     feed(engine, garbage + "^^^~JA^Q" + kJuice + garbage + "^", 5);
-    EXPECT_EQ(engine.labelCount(), 1);
-    EXPECT_EQ(engine.lastFields(), kJuiceFields);
+    EXPECT_EQ(engine.printed().count(), 1);
+    EXPECT_EQ(engine.printed().lastFields(), kJuiceFields);
     // The caret left at the end starts the next command, however it is cut.
     feed(engine, "XZ", 1);
-    EXPECT_EQ(engine.labelCount(), 2);
-    EXPECT_TRUE(engine.lastFields().isEmpty());
+    EXPECT_EQ(engine.printed().count(), 2);
+    EXPECT_TRUE(engine.printed().lastFields().isEmpty());
 }
 
 TEST(LabelEngineTest, WhatAnUnendedLabelKeepsAndTheUntakenNoticesAreCapped)
@@ -68,8 +68,8 @@ TEST(LabelEngineTest, WhatAnUnendedLabelKeepsAndTheUntakenNoticesAreCapped)
     const qsizetype limit = ZplLabelReader::kKeptLimit;
     feed(engine, "^XA^FD" + QByteArray(limit * 4, 'x'), 4096);
     feed(engine, "^FS" + QByteArray("^FDfield^FS").repeated(limit) + "^XZ", 4096);
-    ASSERT_EQ(engine.labelCount(), 1);
-    const QStringList fields = engine.lastFields();
+    ASSERT_EQ(engine.printed().count(), 1);
+    const QStringList fields = engine.printed().lastFields();
     ASSERT_FALSE(fields.isEmpty());
     EXPECT_EQ(fields.first(), QString(limit - 1, 'x'));
     qsizetype kept = 0;
@@ -80,11 +80,11 @@ TEST(LabelEngineTest, WhatAnUnendedLabelKeepsAndTheUntakenNoticesAreCapped)
     // A flood of empty labels is counted whole; of its notices only the newest are kept.
     engine.takeNotices();
     feed(engine, QByteArray("^XZ").repeated(1000), 300);
-    EXPECT_EQ(engine.labelCount(), 1001);
+    EXPECT_EQ(engine.printed().count(), 1001);
     const QStringList notices = engine.takeNotices();
-    ASSERT_EQ(notices.size(), LabelEngine::kNoticesKept);
+    ASSERT_EQ(notices.size(), PrintedLabels::kNoticesKept);
     EXPECT_EQ(notices.first(),
-              QStringLiteral("label %1:").arg(1001 - LabelEngine::kNoticesKept + 1));
+              QStringLiteral("label %1:").arg(1001 - PrintedLabels::kNoticesKept + 1));
     EXPECT_EQ(notices.last(), QStringLiteral("label 1001:"));
 }
 
