@@ -120,24 +120,4 @@ TEST_F(AveryPageTest, TheErrorLineTakesTheColoursOfThePrintersState)
     m_queue->inject("S00Ax01M00007F00100K13");
     EXPECT_FALSE(error().isVisible());
 }
-
-TEST_F(AveryPageTest, TheButtonsDriveThePrinterUnlessItIsDisabled)
-{
-    for (const char* button : {"cmdStart", "cmdStop", "cmdClear"})
-        QTest::mouseClick(&ChildOf<QPushButton>(m_page, button), Qt::LeftButton);
-    EXPECT_EQ(sent(), (QList<QByteArray>{"#!A1#!SR#!P1", "#!A1#!SP#!P1", "#!A1#!CA#!P1"}));
-
-    m_labeller->setDisabled(true);
-    for (const char* button : {"cmdStart", "cmdStop", "cmdClear"}) {
-        auto& control = ChildOf<QPushButton>(m_page, button);
-        EXPECT_FALSE(control.isEnabled()) << button;
-        QTest::mouseClick(&control, Qt::LeftButton);
-    }
-    EXPECT_TRUE(sent().isEmpty());
-
-    m_labeller->setDisabled(false);
-    QTest::mouseClick(&ChildOf<QPushButton>(m_page, "cmdStop"), Qt::LeftButton);
-    EXPECT_EQ(sent(), QList<QByteArray>{"#!A1#!SP#!P1"});
-    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
-}
 } // namespace

@@ -322,22 +322,4 @@ TEST_F(CSeriesPagesTest, TheSecureTabOpensTheCodersConsole)
     EXPECT_TRUE(sent().isEmpty());
     ICommandConsole::installFactory(nullptr);
 }
-
-TEST_F(CSeriesPagesTest, TheEngineerTabOpensTheASeriesConsole)
-{
-    ScriptedConsole* console = nullptr;
-    ICommandConsole::installFactory([&console] {
-        auto made = std::make_unique<ScriptedConsole>();
-        console = made.get();
-        return made;
-    });
-    auto& handler = node<clsDominoHandlerA>(QStringLiteral("A1"), 2011);
-    ctlDominoAPage2 page;
-    page.Setup(QString(), &handler);
-    QTest::mouseClick(&ChildOf<QPushButton>(page, "cmdTesting"), Qt::LeftButton);
-    ASSERT_NE(console, nullptr);
-    EXPECT_EQ(console->setup, std::make_tuple(true, false, true));
-    EXPECT_EQ(handler.currentStage(), clsDominoHandlerA::StageIdle);
-    ICommandConsole::installFactory(nullptr);
-}
 } // namespace

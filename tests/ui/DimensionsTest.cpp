@@ -158,25 +158,4 @@ TEST_F(DimensionsPageTest, WhatTheListsDontHaveLeavesThemAndTheFiguresAreZeroWit
     EXPECT_EQ(units(*page).at(1), QStringLiteral("ft/min"));
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 }
-
-TEST_F(DimensionsPageTest, ResetAsksTheCoderToZeroItsCountAndShowsTheNewOneWhenItComes)
-{
-    clsDominoHandlerC& handler = coder(QStringLiteral("Coder"));
-    auto page = pageOf(handler);
-    FakeQueue& queue = queueOf(handler);
-    answerRound(handler, statusReport({"Head 1 : 130"}), SetupList);
-    for (const QByteArray& reply :
-         {QByteArrayLiteral("LOGO\r"), QByteArrayLiteral("MSG\r"), QByteArrayLiteral("\x2C\x01")})
-        queue.inject(reply);
-    sent(handler);
-    auto& count = ChildOf<QLineEdit>(*page, "txtCount");
-    EXPECT_EQ(count.text(), QStringLiteral("300"));
-
-    ChildOf<QPushButton>(*page, "cmdReset").click();
-    EXPECT_EQ(sent(handler), (QList<QByteArray>{QByteArray("\x11\x00\x00", 3), "\x15"}));
-    EXPECT_EQ(count.text(), QStringLiteral("300"));
-    queue.inject(QByteArray("\x00\x00", 2));
-    EXPECT_EQ(count.text(), QStringLiteral("0"));
-    EXPECT_TRUE(m_dialogs->boxes().isEmpty());
-}
 } // namespace

@@ -69,16 +69,4 @@ TEST_F(IPAddressTest, AnAddressIsTakenWholeAndComparedOctetByOctet)
     EXPECT_FALSE(m_address.IsNotLessThan(QStringLiteral("10.10.0.0")));
     EXPECT_FALSE(m_address.IsNotLessThan(QStringLiteral("not an address")));
 }
-
-TEST_F(IPAddressTest, ABoxThatGetsTheFocusHasItsTextSelected)
-{
-    m_address.setAddress(QStringLiteral("192.168.0.1"));
-    m_address.show();
-    QApplication::setActiveWindow(&m_address);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_address));
-    QTest::mouseClick(&box(1), Qt::LeftButton);
-    QTest::qWait(0);
-    EXPECT_TRUE(box(1).hasFocus());
-    EXPECT_EQ(box(1).selectedText(), QStringLiteral("168"));
-}
 } // namespace
