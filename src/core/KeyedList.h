@@ -51,6 +51,16 @@ public:
         return true;
     }
 
+    // By position from 1; false when there is none.
+    bool removeAt(qsizetype index)
+    {
+        if (index < 1 || index > count())
+            return false;
+        m_members.remove(m_entries.at(index - 1).item.get());
+        m_entries.removeAt(index - 1);
+        return true;
+    }
+
     bool contains(const T* item) const { return m_members.contains(item); }
 
     QList<Pointer> snapshot() const

@@ -75,7 +75,7 @@ std::shared_ptr<TreeNode> clsComponents::AddComponent(const QString& sKey,
                                                       std::shared_ptr<TreeNode> oNewItem)
 {
     if (!m_colComponents.add(sKey, oNewItem))
-        throw VigilError(457, QStringLiteral("clsComponents"),
+        throw VigilError(VigilError::KeyAlreadyExists, QStringLiteral("clsComponents"),
                          QStringLiteral("This key is already associated with an element of "
                                         "this collection: %1")
                              .arg(sKey));

@@ -11,7 +11,6 @@
 namespace {
 const QString Source = QStringLiteral("clsAlarmCollection");
 constexpr qint32 FileNotFound = 53;
-constexpr qint32 KeyAlreadyUsed = 457;
 constexpr qint32 AlarmLookupKind = 1;
 constexpr qint32 UnknownLookup = static_cast<qint32>(0x80040202u);
 
@@ -26,7 +25,7 @@ std::shared_ptr<clsAlarms> clsAlarmCollection::Add(const QString& text, const QS
                                                    qint32 level, const QString& key)
 {
     if (!key.isEmpty() && m_byKey.contains(key))
-        throw VigilError(KeyAlreadyUsed, Source,
+        throw VigilError(VigilError::KeyAlreadyExists, Source,
                          QStringLiteral("This key is already associated with an element of "
                                         "this collection"));
     auto alarm = std::make_shared<clsAlarms>(clsAlarms{id, text, level});

@@ -14,7 +14,6 @@
 namespace {
 const QString Source = QStringLiteral("clsAveryErrorCodes");
 constexpr qint32 FileNotFound = 53;
-constexpr qint32 KeyAlreadyUsed = 457;
 
 std::unique_ptr<clsAveryErrorCodes>& processTable()
 {
@@ -89,7 +88,7 @@ void clsAveryErrorCodes::add(const QString& line)
         return;
     const QString code = line.left(first);
     if (m_codes.contains(code))
-        throw VigilError(KeyAlreadyUsed, Source,
+        throw VigilError(VigilError::KeyAlreadyExists, Source,
                          QStringLiteral("This key is already associated with an element of "
                                         "this collection"));
     m_codes.insert(

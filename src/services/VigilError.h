@@ -16,6 +16,8 @@ public:
     static constexpr qint32 FileNotFound = 53;
     // A file that can be read but says something it may not.
     static constexpr qint32 BadFileFormat = 321;
+    // A keyed list already holds an entry under that key.
+    static constexpr qint32 KeyAlreadyExists = 457;
 
     VigilError(qint32 number, QString source, QString description);
 
