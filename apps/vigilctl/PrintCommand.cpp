@@ -1,11 +1,11 @@
 #include "PrintCommand.h"
 
+#include "SpoolWait.h"
 #include "StoreGate.h"
 #include "drivers/PrintJob.h"
 #include "drivers/Queue.h"
 #include "drivers/Queues.h"
 #include "platform/lbx/LbxApplication.h"
-#include "services/EventLoopWait.h"
 #include "services/MessageCatalogue.h"
 #include "services/VigilError.h"
 
@@ -16,9 +16,6 @@ const QString QueueOption = QStringLiteral("--queue");
 const QString SetOption = QStringLiteral("--set");
 const QString QuantityOption = QStringLiteral("--quantity");
 constexpr qint32 MostCopies = 9999;
-// Long enough for a printer whose wire is being set up; a printer that isn't there by then
-// gets the labels when a program next prints.
-constexpr int SendWaitMs = 30000;
 // "The format %1 is not made for this printer type."
 constexpr qint32 MsgFormatForAnotherType = 34;
 
@@ -28,14 +25,6 @@ template <typename Entry> Entry* findByName(QList<Entry>& entries, const QString
         if (entry.VarName.trimmed().compare(name, Qt::CaseInsensitive) == 0)
             return &entry;
     return nullptr;
-}
-
-qint32 pendingEverywhere(Queues& queues)
-{
-    qint32 pending = 0;
-    for (Queue* queue : queues.List())
-        pending += queue->PendingItems();
-    return pending;
 }
 } // namespace
 
@@ -70,14 +59,15 @@ int PrintCommand::run(const QStringList& words)
     }
     const std::optional<QString> queueName = line.value(QueueOption);
     bool isNumber = true;
-    const qint32 quantity = line.value(QuantityOption).value_or(QStringLiteral("1")).toInt(&isNumber);
+    const qint32 quantity =
+        line.value(QuantityOption).value_or(QStringLiteral("1")).toInt(&isNumber);
     if (!line.unknownFlag().isEmpty() || !line.optionWithoutValue().isEmpty() ||
         line.positional().size() != 1 || !queueName)
         return m_console.fail(QStringLiteral("print: see vigilctl print --help"), ExitBadArguments);
     if (!isNumber || quantity < 1 || quantity > MostCopies)
-        return m_console.fail(QStringLiteral("print: the quantity must be a number from 1 to %1")
-                                  .arg(MostCopies),
-                              ExitBadArguments);
+        return m_console.fail(
+            QStringLiteral("print: the quantity must be a number from 1 to %1").arg(MostCopies),
+            ExitBadArguments);
     if (const int code = StoreGate::open(StoreGate::Access::Read, m_console))
         return code;
 
@@ -104,17 +94,11 @@ int PrintCommand::run(const QStringList& words)
         return m_console.fail(QStringLiteral("print: ") + problem, ExitBadArguments);
     }
 
-    QStringList faults;
-    for (Queue* each : application.Queues().List())
-        QObject::connect(each, &Queue::Error, each, [&faults, each](qint32, const QString& text) {
-            faults.append(each->Name() + QStringLiteral(": ") + text);
-        });
+    SpoolWait wait(application.Queues());
     // Dropped without Cancel: the job goes to the spool, and from there to the printers.
     job.reset();
-    Queues& queues = application.Queues();
-    const bool taken = TurnEventLoopUntil([&queues] { return pendingEverywhere(queues) == 0; },
-                                          SendWaitMs);
-    for (const QString& fault : std::as_const(faults))
+    const bool taken = wait.untilSent();
+    for (const QString& fault : wait.faults())
         m_console.err << "vigilctl: print: " << fault << Qt::endl;
     if (!taken)
         return m_console.fail(QStringLiteral("print: the printer hasn't taken the labels; they "

@@ -1,24 +1,15 @@
 #include "StatusCommand.h"
 
+#include "HeadlessMonitor.h"
 #include "PollWatch.h"
 #include "StateCounts.h"
 #include "StatusReport.h"
 #include "StoreGate.h"
-#include "core/AddInControl.h"
 #include "core/Globals.h"
-#include "core/MemoryContextMenus.h"
-#include "core/MemoryPagePane.h"
-#include "core/MemoryTreeView.h"
-#include "core/QtTimer.h"
 #include "core/clsComponents.h"
-#include "platform/lbx/LbxApplication.h"
-#include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
-#include "services/EventLoopWait.h"
-#include "services/SettingsStore.h"
 
 #include <QJsonDocument>
-#include <QTemporaryDir>
 
 namespace {
 const QString JsonFlag = QStringLiteral("--json");
@@ -26,16 +17,6 @@ const QString CyclesOption = QStringLiteral("--cycles");
 constexpr int MostCycles = 1000;
 // Beyond the cycles themselves: time for the last rounds to end or time out.
 constexpr int SettleMarginMs = 15000;
-constexpr int ConnectWaitMs = 3000;
-
-void collectNamed(TreeNode& node, const QString& name, QList<TreeNode*>& found)
-{
-    if (node.m_sName == name)
-        found.append(&node);
-    if (node.isGroup())
-        for (const auto& child : static_cast<clsComponents&>(node).Col().snapshot())
-            collectNamed(*child, name, found);
-}
 } // namespace
 
 StatusCommand::StatusCommand(const Console& console)
@@ -97,40 +78,18 @@ int StatusCommand::check(int cycles, const QString& name, bool json)
     QString problem;
     if (StoreGate::open(StoreGate::Access::Read, problem) != ExitDone)
         return unknown(problem);
-    // The monitor saves as it goes; its saves go to the copy.
-    QTemporaryDir folder;
-    const QString copyPath = folder.filePath(QStringLiteral("store.sqlite"));
-    if (!folder.isValid() || !SettingsStore::process().backupTo(copyPath, problem))
-        return unknown(QStringLiteral("the store could not be copied: %1").arg(problem));
-    SettingsStore::install(std::make_shared<SettingsStore>(copyPath));
-    LoadOptions();
-    LibraryStart();
-    InstallApplicationFactory(&LbxApplication::attach);
-    // The first poll comes within start-up: the printers' wires must be up by then, or its
-    // questions would be lost on the way.
-    if (auto* queues = qobject_cast<LbxQueues*>(&GetGlobalLBX().LBX_App().Queues()))
-        TurnEventLoopUntil([queues] { return queues->wiresSettled(); }, ConnectWaitMs);
-
-    MemoryTreeView treePrinters;
-    MemoryPagePane pages;
-    MemoryContextMenus menus;
-    QtTimer timer1(200, false);
-    QtTimer tmrTimeout(0, false);
-    AddInControl control(ControlPorts{treePrinters, pages, menus, timer1, tmrTimeout});
-    PollWatch watch(control.scheduler(), cycles);
-    control.UserControl_Initialize();
-    if (!g_oComponents || !timer1.isEnabled()) {
-        control.UserControl_Hide();
+    const std::unique_ptr<HeadlessMonitor> monitor = HeadlessMonitor::onCopyOfStore(problem);
+    if (!monitor)
+        return unknown(problem);
+    PollWatch watch(monitor->control().scheduler(), cycles);
+    if (!monitor->start())
         return unknown(QStringLiteral("status: the monitor could not start"));
-    }
     // Held, so that it outlasts a removal from the tree while the cycles run.
     std::shared_ptr<TreeNode> checked = g_oComponents;
     if (!name.isEmpty()) {
-        checked = named(name, problem);
-        if (!checked) {
-            control.UserControl_Hide();
-            return unknown(problem);
-        }
+        checked = HeadlessMonitor::named(name, problem);
+        if (!checked)
+            return unknown(QStringLiteral("status: ") + problem);
     }
     const qint64 deadline = qint64(cycles) * GetPollInterval() + SettleMarginMs;
     if (!watch.waitUntilSettled(int(std::min<qint64>(deadline, INT_MAX))))
@@ -145,24 +104,5 @@ int StatusCommand::check(int cycles, const QString& name, bool json)
         m_console.out << counts.pluginLine() << '\n' << StatusReport::text(*checked);
     }
     m_console.out.flush();
-    control.UserControl_Hide();
     return counts.verdict();
-}
-
-std::shared_ptr<TreeNode> StatusCommand::named(const QString& name, QString& problem)
-{
-    QList<TreeNode*> found;
-    collectNamed(*g_oComponents, name, found);
-    if (found.size() == 1)
-        return found.first()->shared_from_this();
-    // The id, never shared, tells apart groups or printers of one name.
-    if (TreeNode* byId = g_oComponents->Find(name))
-        return byId->shared_from_this();
-    problem = found.isEmpty()
-                  ? QStringLiteral("status: there is no group or printer named \"%1\"").arg(name)
-                  : QStringLiteral("status: %1 groups or printers are named \"%2\"; give the id "
-                                   "of one (see --json)")
-                        .arg(found.size())
-                        .arg(name);
-    return nullptr;
 }

@@ -4,6 +4,7 @@
 #include "MessageCommand.h"
 #include "PrintCommand.h"
 #include "QueueCommand.h"
+#include "SendCommand.h"
 #include "StatusCommand.h"
 #include "StoreCommand.h"
 
@@ -25,6 +26,7 @@ QString usage()
         "  message   print a message of the catalogue\n"
         "  format    show what a label format or a label set asks for\n"
         "  print     print a label format or a label set on a queue\n"
+        "  send      assign label files in the tree and send them, as the window does\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
         "Exit codes: 0 done; 1 the key, value, queue, job or message asked for is missing, or a\n"
@@ -57,6 +59,8 @@ int main(int argc, char* argv[])
         return FormatCommand(console).run(args.mid(1));
     if (command == QLatin1String("print"))
         return PrintCommand(console).run(args.mid(1));
+    if (command == QLatin1String("send"))
+        return SendCommand(console).run(args.mid(1));
     if (command == QLatin1String("--help") || command == QLatin1String("-h") ||
         command == QLatin1String("help")) {
         out << usage();

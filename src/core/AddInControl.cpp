@@ -11,6 +11,8 @@
 #include "drivers/Application.h"
 #include "drivers/Queue.h"
 #include "drivers/Queues.h"
+#include "printing/GroupIdentifierSettings.h"
+#include "printing/SendEngine.h"
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
 #include "services/ErrorBox.h"
@@ -42,6 +44,7 @@ AddInControl::AddInControl(const ControlPorts& ports)
                        if (g_oComponents)
                            g_oComponents->ProcessTimeout(seconds);
                    }})
+    , m_send(std::make_unique<SendEngine>(ports.treePrinters))
 {}
 
 AddInControl::~AddInControl()
@@ -347,6 +350,7 @@ void AddInControl::m_oQueues_PrinterDeleted(const QString& sName)
         // administrator reconciles the tree.
         if (!found || g_oComponents->Find(id))
             return;
+        DeletePrinterGroupIdentifiers(*g_oComponents, sName);
         m_treePrinters.removeItem(id);
         Save();
     });

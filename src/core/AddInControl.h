@@ -12,6 +12,7 @@
 #include <optional>
 
 class IContextMenus;
+class SendEngine;
 class IPage;
 class IPagePane;
 class Queues;
@@ -92,6 +93,11 @@ public:
     // Puts the file view in the page pane, or the selected node's page back in its place.
     void DoDisplayFileView();
     void OnUpdateDoDisplayFileView(bool& bVisible, bool& bEnabled, qint16& nState);
+    // Sends the label files assigned at or below the selected node, asking once for the
+    // values they prompt for.
+    void DoSendFilesToPrinters();
+    // Takes back the assignments at or below the selected node.
+    void DoClearFileAssignments();
     void OnUpdateDoClearFileAssignments(bool& bVisible, bool& bEnabled, qint16& nState);
     void DoDisplayPrintProgress();
 
@@ -114,6 +120,7 @@ public:
     // Whether the file view holds the page pane.
     bool IsFileViewShowing() const;
     PollScheduler& scheduler() { return m_scheduler; }
+    SendEngine& sendEngine() { return *m_send; }
     // The node whose page is shown, and that page.
     std::shared_ptr<TreeNode> currentComponent() const { return m_oCurrentComponent.lock(); }
     IPage* currentControl() const { return m_oCurrentControl; }
@@ -127,6 +134,8 @@ public:
     void treePrinters_MouseMove(int nButton, int nShift, float fX, float fY);
     void UserControl_KeyDown(int nKeyCode, int nShift);
     void mnuGroupItem_Click(int nIndex);
+    // The identifiers dialog of the group under the last right click.
+    void mnuGroupIdentifiers_Click();
     void mnuTreeDisable_Click();
     void mnuTreePrinterProperties_Click();
     // Drag and drop on the tree: a node's drag starts from where the button went down, and
@@ -183,6 +192,11 @@ private:
     void DisplayComponents(clsComponents& oGroup);
     void ClearCurrentControl();
     void ReParentItem(const QString& sID, const QString& sNewParentID);
+    // Whether the item takes a label file: a group a label set, a printer a format, neither
+    // when it holds one already. The item's text is what tells.
+    bool CanDropFile(const QString& sItemKey, const QString& sFile) const;
+    void dropOn(TreeNode& target, const DragData& oData);
+    void assignFile(TreeNode& target, const QString& sFilename);
 
     bool EnablePrinter(qint32 action, bool bUseMouse, bool bSave);
     void AddPrinter();
@@ -196,6 +210,7 @@ private:
     IContextMenus& m_menus;
     ITimer& m_timer1;
     PollScheduler m_scheduler;
+    std::unique_ptr<SendEngine> m_send;
     ImageList m_imlSmallList{0};
     ImageList m_imlLargeList{3};
     QPointer<Queues> m_oQueues;

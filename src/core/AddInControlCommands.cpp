@@ -12,6 +12,7 @@
 #include "core/clsComponents.h"
 #include "drivers/Application.h"
 #include "drivers/Queues.h"
+#include "printing/SendEngine.h"
 #include "printing/clsLBXHandler.h"
 #include "services/ApplicationOptions.h"
 #include "services/ErrorBox.h"
@@ -201,6 +202,17 @@ void AddInControl::OnUpdateDoDisplayFileView(bool& bVisible, bool& bEnabled, qin
 {
     showWhen(bVisible, bEnabled, true);
     nState = IsFileViewShowing() ? 1 : 0;
+}
+
+void AddInControl::DoSendFilesToPrinters()
+{
+    m_send->DoSendFilesToPrinters(m_treePrinters.selectedKey());
+}
+
+void AddInControl::DoClearFileAssignments()
+{
+    RunTrapped(Context + QStringLiteral("DoClearFileAssignments"),
+               [this] { m_send->ClearAllDownloads(m_treePrinters.selectedKey()); });
 }
 
 void AddInControl::OnUpdateDoClearFileAssignments(bool&, bool& bEnabled, qint16&)

@@ -1,14 +1,24 @@
-// The control's tree view as a place to drag to: printers move between groups by drag.
+// The control's tree view as a place to drag to: printers move between groups by drag, and
+// label files dropped on printers and groups are assigned to them.
 
 #include "core/AddInControl.h"
 #include "core/Globals.h"
+#include "core/clsComponent.h"
 #include "core/clsComponents.h"
+#include "drivers/Application.h"
+#include "printing/clsLBXHandler.h"
 #include "services/ErrorBox.h"
 #include "services/TextUtilities.h"
+
+#include <QDir>
+#include <algorithm>
 
 namespace {
 const QString Context = QStringLiteral("AddInControl - ");
 const QString ComponentDragText = QStringLiteral("MSComponent");
+const QString FileDragText = QStringLiteral("MSFileDir_");
+// The file view's key of a file: this, then the file's full path.
+const QString FileKeyPrefix = QStringLiteral("ID");
 
 // The id a node's drag text carries, or none for any other text.
 std::optional<QString> draggedId(const DragData& oData)
@@ -17,7 +27,33 @@ std::optional<QString> draggedId(const DragData& oData)
         return std::nullopt;
     return oData.text->mid(ComponentDragText.size()).trimmed();
 }
+
+// Files from the desktop can only be formats.
+bool allFormats(const QStringList& files)
+{
+    return std::all_of(files.cbegin(), files.cend(), [](const QString& file) {
+        return file.right(4).toLower() == QLatin1String(".fmt");
+    });
+}
+
+// The path of a file below the label folder, which is what nodes are assigned; a file
+// elsewhere is reached from the label folder by "..".
+QString pathInLabelFolder(const QString& fullPath)
+{
+    return QDir(GetGlobalLBX().LBX_App().LabelRootFolder()).relativeFilePath(fullPath);
+}
 } // namespace
+
+bool AddInControl::CanDropFile(const QString& sItemKey, const QString& sFile) const
+{
+    // A text that ends in "]" has a file assigned, or an alert showing.
+    const bool taken = m_treePrinters.itemText(sItemKey).endsWith(QLatin1Char(']'));
+    if (taken)
+        return false;
+    if (IsGroupId(sItemKey))
+        return sFile.endsWith(QLatin1String(".LBS"));
+    return sFile.endsWith(QLatin1String(".FMT"));
+}
 
 void AddInControl::treePrinters_OLEStartDrag(DragData& oData)
 {
@@ -38,10 +74,19 @@ void AddInControl::treePrinters_OLEDragOver(const DragData& oData, int& nEffect,
     RunTrapped(Context + QStringLiteral("treePrinters_OLEDragOver"), [&] {
         m_treePrinters.setDropHighlight(nState == DragLeave ? QString()
                                                             : m_treePrinters.hitTest(fX, fY));
+        if (oData.files) {
+            nEffect = allFormats(*oData.files) ? DropEffectCopy : DropEffectNone;
+            return;
+        }
         if (!oData.text)
             return;
-        // Label files are refused until they can be assigned by drag.
         nEffect = DropEffectNone;
+        if (oData.text->startsWith(FileDragText)) {
+            const QString key = m_treePrinters.hitTest(fX, fY);
+            if (!key.isEmpty() && CanDropFile(key, *oData.text))
+                nEffect = DropEffectCopy;
+            return;
+        }
         const std::optional<QString> id = draggedId(oData);
         if (!id || !IsPrinterId(*id))
             return;
@@ -56,11 +101,39 @@ void AddInControl::treePrinters_OLEDragDrop(const DragData& oData, float fX, flo
 {
     RunTrapped(Context + QStringLiteral("treePrinters_OLEDragDrop"), [&] {
         TreeNode* target = GetHitTestComponent(fX, fY);
-        const std::optional<QString> id = draggedId(oData);
-        if (target && id && target->isGroup())
-            ReParentItem(*id, target->m_sID);
+        if (target)
+            dropOn(*target, oData);
         m_treePrinters.setDropHighlight(QString());
     });
+}
+
+void AddInControl::dropOn(TreeNode& target, const DragData& oData)
+{
+    if (oData.files) {
+        if (!oData.files->isEmpty())
+            assignFile(target, pathInLabelFolder(oData.files->first()));
+        return;
+    }
+    if (const std::optional<QString> id = draggedId(oData)) {
+        if (target.isGroup())
+            ReParentItem(*id, target.m_sID);
+        return;
+    }
+    if (!oData.text || !oData.text->startsWith(FileDragText))
+        return;
+    const QString key = oData.text->mid(FileDragText.size()).trimmed();
+    if (!key.startsWith(FileKeyPrefix) || !CanDropFile(target.m_sID, *oData.text))
+        return;
+    assignFile(target, pathInLabelFolder(key.mid(FileKeyPrefix.size())));
+    m_treePrinters.setItemText(target.m_sID, target.TreeText());
+}
+
+void AddInControl::assignFile(TreeNode& target, const QString& sFilename)
+{
+    if (target.isGroup())
+        static_cast<clsComponents&>(target).SetAssignedFile(sFilename);
+    else
+        static_cast<clsComponent&>(target).SetAssignedFile(sFilename);
 }
 
 void AddInControl::treePrinters_OLECompleteDrag()

@@ -8,6 +8,8 @@
 #include "core/IPagePane.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
+#include "printing/GroupIdentifierEditing.h"
+#include "printing/GroupIdentifierSettings.h"
 #include "services/ErrorBox.h"
 #include "services/IDialogs.h"
 #include "services/MessageCatalogue.h"
@@ -179,6 +181,7 @@ void AddInControl::DeleteItem(const QString& sID, bool bAllowAny, bool bQuiet, b
             m_pages.setPageParentVisible(false);
         }
         if (isGroup) {
+            DeletePrinterGroupIdentifiers(*g_oComponents, name);
             if (bRemoveItem)
                 m_treePrinters.removeItem(sID);
             Save();
@@ -407,6 +410,9 @@ void AddInControl::mnuGroupItem_Click(int nIndex)
 {
     RunTrapped(QStringLiteral("mnuGroupItem_Click"), [&] {
         switch (nIndex) {
+        case 0:
+            mnuGroupIdentifiers_Click();
+            break;
         case 2:
             DoAddGroup();
             break;
@@ -422,6 +428,16 @@ void AddInControl::mnuGroupItem_Click(int nIndex)
         default:
             break;
         }
+    });
+}
+
+void AddInControl::mnuGroupIdentifiers_Click()
+{
+    RunTrapped(Context + QStringLiteral("mnuGroupIdentifiers_Click"), [this] {
+        TreeNode* node = g_oComponents ? g_oComponents->Find(m_oClickedNode) : nullptr;
+        if (node && node->isGroup() &&
+            EditGroupIdentifiers(static_cast<clsComponents&>(*node), *g_oComponents))
+            Save();
     });
 }
 

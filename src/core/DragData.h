@@ -1,14 +1,21 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <optional>
 
-// What a drag over the tree carries, as the control reads it: a text, or nothing it knows.
+// What a drag over the tree carries, as the control reads it: a text, a list of files from
+// the desktop (full paths), or nothing it knows.
 struct DragData
 {
     std::optional<QString> text;
+    std::optional<QStringList> files;
 
-    void clear() { text.reset(); }
+    void clear()
+    {
+        text.reset();
+        files.reset();
+    }
 };
 
 // Drop effects as the platform counts them.

@@ -40,8 +40,12 @@ public:
     virtual bool Contains(const QString& sID) const = 0;
     virtual void ReleaseComponent() = 0;
 
+    // The label file assigned to the node until the next send: a format on a printer, a
+    // label set on a group.
     const QString& AssignedFilename() const { return m_sAssignedFile; }
     bool FileAssigned() const { return !m_sAssignedFile.isEmpty(); }
+    // Clears the node's own assignment; a printer keeps a file its group's label set gave it.
+    virtual void ClearAssignedFile() = 0;
 
 protected:
     QString m_sAssignedFile;

@@ -75,7 +75,17 @@ public:
     bool Contains(const QString&) const override { return false; }
     QString GetHighestAlert() const;
 
+    // A format for this printer, relative to the label folder, checked with the print
+    // application; from a label set, the set's format, unchecked. A file from a label set
+    // is never replaced.
+    void SetAssignedFile(const QString& sFilename, bool bFromLabelSet = false);
+    void ClearAssignedFile() override;
+    void ClearLabelSetAssignedFile();
+    bool IsAssignedFileInLabelSet() const { return m_bAssignedFromLabelSet; }
+
     const QString& CurrentMessage() const { return m_sCurrentMessage; }
+    // Shown until the next status update brings the handler's own.
+    void setCurrentMessage(const QString& message) { m_sCurrentMessage = message; }
     qint32 PrintCount() const { return m_lPrintCount; }
 
 signals:

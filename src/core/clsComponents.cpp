@@ -163,6 +163,7 @@ void clsComponents::Save(const QString& sKeyName)
         const auto child = Item(index);
         child->Save(sKeyName + QLatin1Char('\\') + child->m_sID);
     }
+    SaveGroupIdentifierSettings(sKeyName);
 }
 
 void clsComponents::LoadState(const QString& sKeyName)
@@ -176,8 +177,14 @@ void clsComponents::LoadState(const QString& sKeyName)
         m_sName = GetMessage(23);
 
     QStringList subKeys;
-    if (!EnumSubKeys(HKEY_LOCAL_MACHINE, subKeys, sKeyName))
-        return;
+    if (EnumSubKeys(HKEY_LOCAL_MACHINE, subKeys, sKeyName))
+        loadChildren(sKeyName, subKeys, hasDashboard);
+    LoadGroupIdentifierSettings(sKeyName);
+}
+
+void clsComponents::loadChildren(const QString& sKeyName, const QStringList& subKeys,
+                                 bool hasDashboard)
+{
     // The dashboard is restored once for each child, each time from the same key; a group
     // without children lists one empty name, and restores it once.
     for (const QString& subKey : std::as_const(subKeys)) {

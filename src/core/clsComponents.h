@@ -2,7 +2,9 @@
 
 #include "core/KeyedList.h"
 #include "core/TreeNode.h"
+#include "printing/clsGroupIdentifier.h"
 
+#include <QStringList>
 #include <memory>
 
 class clsComponent;
@@ -50,11 +52,30 @@ public:
     qint32 GetIconIndex(qint32 lvbLPSize) override;
     void SyncTime(std::optional<QDateTime> dtTime = std::nullopt) override;
     bool IsValidMSFormat(const QString&, QString&) const { return false; }
+
+    // A label set, relative to the label folder, whose formats go to the printers it names:
+    // refused when one of them has a file already, asked about when one is in another group.
+    void SetAssignedFile(const QString& sFilename);
+    // The label set goes, and with it the files it gave the printers.
+    void ClearAssignedFile() override;
+    // The printer of that name in this group, or else, if asked, in the whole tree.
+    clsComponent* FindForAssign(const QString& id, bool wholeTree);
+    // The identifiers as values of the group's key; a group without any stores 0 of them.
+    void SaveGroupIdentifierSettings(const QString& sKeyName);
+    void LoadGroupIdentifierSettings(const QString& sKeyName);
+
+    // The printers the label set reached, by element; an entry is emptied when cleared.
+    QStringList m_asAssignedIDs;
+    // Which printer of the group each identifier of a label set means; none before the
+    // group has been loaded or edited.
+    std::optional<GroupIdentifiers> m_colGroupIdentifiers;
+    bool m_bUseAllPrinterForGroupID = false;
     void ReleaseComponent() override;
     // False if a group at this level has exactly that name.
     bool UniqueGroupName(const QString& sNewGroupName) const;
 
 private:
+    void loadChildren(const QString& sKeyName, const QStringList& subKeys, bool hasDashboard);
     // The children as they stand now; a child that an event removes in mid-walk is skipped.
     template <typename Visit> void forEachChild(Visit&& visit);
 

@@ -2,6 +2,8 @@
 
 #include "services/InstalledFactory.h"
 
+#include <QStringList>
+
 std::unique_ptr<IPromptForm> IPromptForm::create()
 {
     if (std::unique_ptr<IPromptForm> form = InstalledFactory<IPromptForm>::make())
@@ -14,20 +16,42 @@ void IPromptForm::install(Factory factory)
     InstalledFactory<IPromptForm>::install(std::move(factory));
 }
 
-AnsweredPromptForm::AnsweredPromptForm(QHash<QString, QString> answers)
+PromptAnswers::PromptAnswers(const QHash<QString, QString>& answers)
 {
     for (auto it = answers.cbegin(); it != answers.cend(); ++it)
-        m_answers.insert(it.key().trimmed().toLower(), it.value());
+        byName.insert(it.key().trimmed().toLower(), it.value());
 }
+
+AnsweredPromptForm::AnsweredPromptForm(std::shared_ptr<PromptAnswers> answers)
+    : m_answers(answers ? std::move(answers) : std::make_shared<PromptAnswers>())
+{}
 
 void AnsweredPromptForm::DisplayPromptedVars(PromptList& colPrompts)
 {
     m_values.clear();
+    QStringList problems;
     for (const auto& prompt : colPrompts.snapshot()) {
         const QString name = prompt->m_sVarName.trimmed().toLower();
-        const QString offered = prompt->IsDatabasePrompt() ? QString() : prompt->m_sData;
-        m_values.insert(name, m_answers.value(name, offered));
+        const auto answer = m_answers->byName.constFind(name);
+        if (answer == m_answers->byName.cend()) {
+            m_values.insert(name, prompt->IsDatabasePrompt() ? QString() : prompt->m_sData);
+            continue;
+        }
+        if (prompt->m_nMaxLen >= 0 && answer->size() > prompt->m_nMaxLen)
+            problems.append(QStringLiteral("\"%1\" takes at most %2 characters")
+                                .arg(prompt->m_sVarName.trimmed())
+                                .arg(prompt->m_nMaxLen));
+        m_values.insert(name, *answer);
     }
+    QStringList unasked;
+    for (auto it = m_answers->byName.cbegin(); it != m_answers->byName.cend(); ++it)
+        if (!m_values.contains(it.key()))
+            unasked.append(it.key());
+    unasked.sort();
+    if (!unasked.isEmpty())
+        problems.append(
+            QStringLiteral("no label of this send asks for %1").arg(unasked.join(", ")));
+    m_answers->problem = problems.join(QStringLiteral("; "));
 }
 
 bool AnsweredPromptForm::SaveValues(PromptList& colPrompts)
@@ -38,14 +62,4 @@ bool AnsweredPromptForm::SaveValues(PromptList& colPrompts)
             prompt->m_sData = *value;
     }
     return true;
-}
-
-QStringList AnsweredPromptForm::unusedAnswers() const
-{
-    QStringList unused;
-    for (auto it = m_answers.cbegin(); it != m_answers.cend(); ++it)
-        if (!m_values.contains(it.key()))
-            unused.append(it.key());
-    unused.sort();
-    return unused;
 }

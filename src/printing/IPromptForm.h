@@ -32,25 +32,34 @@ public:
     static void install(Factory factory);
 };
 
+// The answers of a send without a window, by variable name, and what was wrong with them.
+struct PromptAnswers
+{
+    explicit PromptAnswers(const QHash<QString, QString>& answers = {});
+
+    // Trimmed, lower-case names: a name matches blind to case, as the prompts' keys do.
+    QHash<QString, QString> byName;
+    // Empty while every answer could be used.
+    QString problem;
+};
+
 // A form without a window: shown, it is answered at once, each prompt taking the answer
-// given for its name (blind to case) or else what the window would offer: a typed prompt its
-// present value, a database prompt nothing.
+// given for its name or else what the window would offer (a typed prompt its present value,
+// a database prompt nothing). An answer that no prompt asks for, or that is longer than its
+// prompt allows, counts as a cancel, so that nothing is sent with values nobody meant.
 class AnsweredPromptForm : public IPromptForm
 {
 public:
-    explicit AnsweredPromptForm(QHash<QString, QString> answers = {});
+    explicit AnsweredPromptForm(std::shared_ptr<PromptAnswers> answers = {});
 
     void DisplayPromptedVars(PromptList& colPrompts) override;
     void setSmoothScroll(bool) override {}
     void ShowOverOwner() override {}
     bool IsVisible() const override { return false; }
-    bool Cancelled() const override { return false; }
+    bool Cancelled() const override { return !m_answers->problem.isEmpty(); }
     bool SaveValues(PromptList& colPrompts) override;
 
-    // The names of the answers that no prompt asked for, so that a mistyped name is said.
-    QStringList unusedAnswers() const;
-
 private:
-    QHash<QString, QString> m_answers;
+    std::shared_ptr<PromptAnswers> m_answers;
     QHash<QString, QString> m_values;
 };

@@ -1,5 +1,6 @@
 #include "printing/clsLBXHandler.h"
 
+#include "core/Globals.h"
 #include "drivers/Application.h"
 #include "drivers/LabelSet.h"
 #include "drivers/LabelSets.h"
@@ -79,6 +80,12 @@ Application& clsLBXHandler::LBX_App()
 {
     Check();
     return *m_oApplication;
+}
+
+QString clsLBXHandler::LabelPath(const QString& sRelativePath)
+{
+    Check();
+    return m_oApplication->LabelRootFolder() + QLatin1Char('/') + sRelativePath;
 }
 
 std::shared_ptr<PrintJob> clsLBXHandler::PrintFormat(QString sFmtName, const QString&,
@@ -201,18 +208,25 @@ std::shared_ptr<PrintJob> clsLBXHandler::PrintMSFormat(const QString& sFormatPat
 
 std::shared_ptr<PrintJob>
 clsLBXHandler::PrintMSDAGLabelSet(const QString& sPath,
-                                  const std::optional<PrinterIdentifiers>& colPrinterIdentifiers)
+                                  const std::optional<GroupIdentifiers>& colPrinterIdentifiers)
 {
     const std::shared_ptr<PrintJob> job = PrintDAGLabelSet(sPath, false);
-    if (!colPrinterIdentifiers)
+    if (!colPrinterIdentifiers || colPrinterIdentifiers->isEmpty())
         return job;
-    for (const PrinterIdentifier& identifier : *colPrinterIdentifiers) {
-        if (!job)
-            throw VigilError(NoObject, QStringLiteral("clsLbxHandler.PrintMSDAGLabelSet"),
-                             QStringLiteral("There is no print job to set the identifiers on"));
-        job->SetGroupIdentifier(identifier.first, identifier.second);
-    }
+    if (!job)
+        throw VigilError(NoObject, QStringLiteral("clsLbxHandler.PrintMSDAGLabelSet"),
+                         QStringLiteral("There is no print job to set the identifiers on"));
+    TellGroupIdentifiers(*job, *colPrinterIdentifiers);
     return job;
+}
+
+void TellGroupIdentifiers(PrintJob& job, const GroupIdentifiers& identifiers)
+{
+    for (const clsGroupIdentifier& entry : identifiers) {
+        const bool noPrinter = entry.m_strPrinterIdentifier == g_sNoPrinter;
+        job.SetGroupIdentifier(entry.m_strPrinterIdentifier,
+                               noPrinter ? QString() : entry.m_strPrinter);
+    }
 }
 
 std::shared_ptr<Application> clsLBXHandler::GetLbx()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printing/clsGroupIdentifier.h"
+
 #include <QList>
 #include <QString>
 #include <QtGlobal>
@@ -17,9 +19,9 @@ class PrintJob;
 using ApplicationFactory = std::function<std::shared_ptr<Application>()>;
 void InstallApplicationFactory(ApplicationFactory factory);
 
-// A printer identifier of a group and the queue of the printer it stands for.
-using PrinterIdentifier = std::pair<QString, QString>;
-using PrinterIdentifiers = QList<PrinterIdentifier>;
+// Tells a label set job which printer each of a group's identifiers means. An entry whose
+// identifier is the word for "no printer" passes no printer at all.
+void TellGroupIdentifiers(PrintJob& job, const GroupIdentifiers& identifiers);
 
 // The one place where the control holds the print application. It checks the connection
 // before each use and attaches anew, without a word, when the old one has died; it
@@ -40,6 +42,8 @@ public:
     // Raises NotRunning when the connection is dead and can't be made again.
     void Check();
     Application& LBX_App();
+    // A label file's full path from its path relative to the label folder.
+    QString LabelPath(const QString& sRelativePath);
     // An empty sPrinter becomes the default queue's name, which the caller sees.
     std::shared_ptr<PrintJob> PrintFormat(QString sFmtName, const QString& sComment,
                                           qint32 nQuantity, QString& sPrinter, bool bPause);
@@ -52,7 +56,7 @@ public:
     // With identifiers given and no job made, raises NoObject to the caller.
     std::shared_ptr<PrintJob>
     PrintMSDAGLabelSet(const QString& sPath,
-                       const std::optional<PrinterIdentifiers>& colPrinterIdentifiers);
+                       const std::optional<GroupIdentifiers>& colPrinterIdentifiers);
 
 private:
     std::shared_ptr<Application> GetLbx();

@@ -4,14 +4,14 @@
 #include <QEventLoop>
 #include <QTimer>
 
-bool TurnEventLoopUntil(const std::function<bool()>& condition, int deadlineMs)
+bool TurnEventLoopUntil(const std::function<bool()>& condition, int deadlineMs, int stepMs)
 {
     const QDeadlineTimer deadline(deadlineMs);
     while (!condition()) {
         if (deadline.hasExpired())
             return false;
         QEventLoop loop;
-        QTimer::singleShot(10, &loop, &QEventLoop::quit);
+        QTimer::singleShot(stepMs, &loop, &QEventLoop::quit);
         loop.exec();
     }
     return true;

@@ -40,11 +40,16 @@ protected:
         g_oComponents.reset();
         const QMap<int, QByteArray> messages{
             {2, "The top group can't be deleted."},
+            {4, "Not every printer has a file."},
+            {5, "Not a file for this"},
+            {6, "These printers have a file: %1"},
+            {7, "These printers are in another group: %1"},
             {8, "A group of that name is already there."},
             {12, "this user"},
             {21, "New Group"},
             {22, "Delete %1?"},
             {23, "All Printers"},
+            {34, "%1 is made for another printer type."},
             {392, "%1 may not change the printers."},
             {404, "<none>"},
             {426, "Rename"},

@@ -1,3 +1,4 @@
+#include "core/Globals.h"
 #include "drivers/Application.h"
 #include "printing/clsLBXHandler.h"
 #include "services/VigilError.h"
@@ -140,13 +141,17 @@ TEST_F(LbxHandlerTest, ALabelSetGoesThroughTheDefaultQueueWithItsIdentifiers)
 {
     clsLBXHandler& lbx = GetGlobalLBX();
     const QString set = QStringLiteral("/srv/sets/Shift.LBS");
-    const PrinterIdentifiers identifiers{{"A", "line1"}, {"B", QString()}};
+    // An identifier that is the word for "no printer" passes none; a printer field that is
+    // that word passes it as it stands.
+    g_sNoPrinter = QStringLiteral("(none)");
+    const GroupIdentifiers identifiers{{"A", "line1"}, {"B", "(none)"}, {"(none)", "line2"}};
     const auto job = lbx.PrintMSDAGLabelSet(set, identifiers);
     ASSERT_NE(job, nullptr);
     EXPECT_EQ(m_upper->jobs.size(), 1);
     EXPECT_EQ(fake(job)->quantity, 1);
     EXPECT_FALSE(fake(job)->pause);
-    EXPECT_EQ(fake(job)->groupIdentifiers, identifiers);
+    EXPECT_EQ(fake(job)->groupIdentifiers, (QList<std::pair<QString, QString>>{
+                                               {"A", "line1"}, {"B", "(none)"}, {"(none)", ""}}));
     const auto plain = lbx.PrintMSDAGLabelSet(set, std::nullopt);
     ASSERT_NE(plain, nullptr);
     EXPECT_TRUE(fake(plain)->groupIdentifiers.isEmpty());

@@ -14,6 +14,20 @@ void FakePrintJob::SetGroupIdentifier(const QString& identifier, const QString& 
     groupIdentifiers.append({identifier, printer});
 }
 
+QList<LabelSetElement> FakePrintJob::LabelSetElements() const
+{
+    QList<LabelSetElement> settled = elements;
+    for (LabelSetElement& element : settled) {
+        QString printer;
+        for (const auto& [identifier, named] : groupIdentifiers)
+            if (identifier == element.identifier)
+                printer = named;
+        if (!printer.isEmpty())
+            element.identifier = printer;
+    }
+    return settled;
+}
+
 FakeQueue::FakeQueue(const FakeApplication& application, QString name, qint16 printerNumber,
                      QObject* parent)
     : Queue(parent)
@@ -44,6 +58,9 @@ std::shared_ptr<PrintJob> FakeQueue::CreateJob(const QString& path, qint32 quant
                          QStringLiteral("Cannot open ") + path);
     }
     auto job = std::make_shared<FakePrintJob>(path, quantity, bPause, type);
+    job->promptedValues = m_application.promptedValuesOf.value(path);
+    job->databaseKeys = m_application.databaseKeysOf.value(path);
+    job->elements = m_application.elementsOf.value(path);
     jobs.append(job);
     return job;
 }

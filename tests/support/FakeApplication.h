@@ -31,7 +31,8 @@ public:
     qint32 PrinterType() const override { return printerType; }
     QList<PromptedValue>& PromptedValues() override { return promptedValues; }
     QList<DatabaseKey>& DatabaseKeys() override { return databaseKeys; }
-    QList<LabelSetElement> LabelSetElements() const override { return elements; }
+    // The elements' identifiers as the group's identifiers settle them.
+    QList<LabelSetElement> LabelSetElements() const override;
     void Cancel() override { ++cancelCount; }
     void SetGroupIdentifier(const QString& identifier, const QString& printer) override;
 
@@ -198,6 +199,11 @@ public:
     int probes = 0;
     bool attachable = true;
     int attaches = 0;
+    // What a job of the file at that path holds: the values it asks for and, for a label
+    // set, its labels by printer identifier.
+    QHash<QString, QList<PromptedValue>> promptedValuesOf;
+    QHash<QString, QList<DatabaseKey>> databaseKeysOf;
+    QHash<QString, QList<LabelSetElement>> elementsOf;
 
 private:
     QHash<QString, qint32> m_formats;

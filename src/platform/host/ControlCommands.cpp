@@ -42,6 +42,11 @@ ControlCommands::ControlCommands(AddInControl& control)
     command("DoDisplayOptions", &AddInControl::DoDisplayOptions,
             &AddInControl::OnUpdateDoDisplayOptions);
     command("DoDisplayPrintProgress", &AddInControl::DoDisplayPrintProgress, nullptr);
+    command("DoDisplayFileView", &AddInControl::DoDisplayFileView,
+            &AddInControl::OnUpdateDoDisplayFileView);
+    command("DoSendFilesToPrinters", &AddInControl::DoSendFilesToPrinters, nullptr);
+    command("DoClearFileAssignments", &AddInControl::DoClearFileAssignments,
+            &AddInControl::OnUpdateDoClearFileAssignments);
 }
 
 void ControlCommands::run(const QString& command) const

@@ -85,6 +85,22 @@ private:
     int m_serial = 0;
 };
 
+// The demo's label set names line 1's printers by their place on the line; the group ties
+// each place to its printer.
+const QString LabelSetGroup = QStringLiteral("Line 1");
+constexpr std::pair<const char*, const char*> LabelSetIdentifiers[] = {
+    {"FILLER1", "Filler C1"}, {"FILLER2", "Filler C2"},   {"CAPPER1", "Capper A1"},
+    {"CAPPER2", "Capper A2"}, {"CASES", "Case labeller"},
+};
+
+GroupIdentifiers labelSetIdentifiers()
+{
+    GroupIdentifiers identifiers;
+    for (const auto& [identifier, printer] : LabelSetIdentifiers)
+        identifiers.append({QString::fromUtf8(identifier), QString::fromUtf8(printer)});
+    return identifiers;
+}
+
 std::shared_ptr<clsComponents> makeGroup(const QString& id, const QString& name)
 {
     auto group = std::make_shared<clsComponents>();
@@ -206,6 +222,8 @@ void DemoSite::seed()
             node->AddStoredSetting(clsDominoHandlerC::CheckErrorLogSetting, QStringLiteral("True"));
         group->AddComponent(node->m_sID, node);
     }
+    if (const auto line = groups.value(LabelSetGroup))
+        line->m_colGroupIdentifiers = labelSetIdentifiers();
     root->Save(TreeKey);
 
     writeOptions();

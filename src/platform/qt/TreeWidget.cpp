@@ -5,12 +5,23 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QUrl>
 
 namespace {
 DragData dragDataOf(const QMimeData* mime)
 {
     DragData data;
-    if (mime && mime->hasText())
+    if (!mime)
+        return data;
+    // A file manager's files, as full paths; anything that isn't a local file has none, so
+    // that it is refused.
+    if (mime->hasUrls()) {
+        QStringList files;
+        for (const QUrl& url : mime->urls())
+            files.append(url.toLocalFile());
+        data.files = files;
+    }
+    if (mime->hasText())
         data.text = mime->text();
     return data;
 }
