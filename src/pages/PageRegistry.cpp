@@ -8,6 +8,7 @@
 #include "pages/ctlDominoCUI.h"
 #include "pages/ctlLBXPrinterUI.h"
 #include "pages/frmCommandTest.h"
+#include "printing/ui/FileViewControl.h"
 
 namespace {
 const QString Module = QStringLiteral("KorvexVigil.");
@@ -24,6 +25,7 @@ const std::pair<const char*, PageFactory::Creator> PageClasses[] = {
     {"ctlAveryUI", &make<ctlAveryUI>},
     {"ctlLBXPrinterUI", &make<ctlLBXPrinterUI>},
     {"GroupUI", &make<GroupUI>},
+    {"FileViewControl", &make<FileViewControl>},
 };
 } // namespace
 

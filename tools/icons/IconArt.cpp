@@ -71,6 +71,17 @@ void fileView(QPainter& p)
     labelFile(p);
 }
 
+// A label set: one label in front of another.
+void labelSet(QPainter& p)
+{
+    p.save();
+    p.translate(-4, -2);
+    labelFile(p);
+    p.translate(7, 4);
+    labelFile(p);
+    p.restore();
+}
+
 void sendToPrinters(QPainter& p)
 {
     labelFile(p);
@@ -302,6 +313,7 @@ const QList<IconArt>& allIcons()
         {QStringLiteral("EnablePolling"), enablePolling},
         {QStringLiteral("DisablePolling"), disablePolling},
         {QStringLiteral("FileView"), fileView},
+        {QStringLiteral("LabelSet"), labelSet},
         {QStringLiteral("SendToPrinters"), sendToPrinters},
         {QStringLiteral("ClearPrintAssignments"), clearAssignments},
         {QStringLiteral("AddGroup"), addGroup},

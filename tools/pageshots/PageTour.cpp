@@ -4,9 +4,16 @@
 #include "core/Globals.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
+#include "drivers/Application.h"
+#include "drivers/PrintJob.h"
+#include "drivers/Queue.h"
+#include "drivers/Queues.h"
 #include "pages/PrinterFrame.h"
+#include "printing/clsLBXHandler.h"
+#include "printing/ui/frmIdentifiers.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QPushButton>
@@ -17,11 +24,17 @@
 
 namespace {
 // A printer of each kind on the demo site, the one that shows the most.
-const char* const Printers[] = {"Filler C2", "Capper A1", "Pallet labeller", "Office label printer"};
+const char* const Printers[] = {"Filler C2", "Capper A1", "Pallet labeller",
+                                "Office label printer"};
 // A command whose reply reads as text.
 const QString ConsoleCommand = QStringLiteral("0x10");
 constexpr int SettleMs = 400;
 constexpr int ReplyMs = 2500;
+// The demo's formats, each read through a job on a printer of its type; the job is cancelled
+// once its prompts are copied.
+const std::pair<const char*, const char*> Formats[] = {{"CaseLabel.FMT", "Case labeller"},
+                                                       {"OfficeLabel.FMT", "Office label printer"},
+                                                       {"FillerMessage.FMT", "Filler C1"}};
 
 void fail(const QString& why)
 {
@@ -40,6 +53,14 @@ void PageTour::start()
         then(SettleMs, [this, printer] { visitPrinter(QLatin1String(printer)); });
         then(SettleMs, [this] { photographTabs(); });
     }
+    then(SettleMs, [this] { showFileView(); });
+    then(SettleMs, [this] { save(m_window, QStringLiteral("fileview.png")); });
+    // Toggled off again, the selected printer's page comes back.
+    then(0, [this] { showFileView(); });
+    then(SettleMs, [this] { openPromptForm(); });
+    then(SettleMs, [this] { photographPromptForm(); });
+    // The identifiers dialog is modal: its picture is taken in its own loop.
+    then(SettleMs, [this] { openIdentifiers(); });
     then(SettleMs, [this] { visitPrinter(QLatin1String(Printers[0])); });
     // The console is modal: the steps after its opening run in its own loop.
     then(SettleMs, [this] { openConsole(); });
@@ -101,10 +122,14 @@ void PageTour::photographTabs()
     }
     QList<std::pair<int, Step>> photographs;
     for (int index = 0; index < tabs->count(); ++index) {
-        photographs.append({0, [tabs, index] { tabs->setCurrentIndex(index); }});
+        photographs.append({0, [tabs, index] {
+                                tabs->setCurrentIndex(index);
+                            }});
         const QString name = frame->objectName() + QLatin1Char('-') +
                              tabs->tabData(index).toString() + QStringLiteral(".png");
-        photographs.append({SettleMs, [this, name] { save(m_window, name); }});
+        photographs.append({SettleMs, [this, name] {
+                                save(m_window, name);
+                            }});
     }
     m_steps = photographs + m_steps;
 }
@@ -166,4 +191,88 @@ void PageTour::save(QWidget& widget, const QString& fileName)
     }
     std::printf("%s\n", qPrintable(path));
     std::fflush(stdout);
+}
+
+void PageTour::showFileView()
+{
+    if (!g_oAddIn) {
+        fail(QStringLiteral("no control"));
+        m_failed = true;
+        return;
+    }
+    g_oAddIn->DoDisplayFileView();
+    if (auto* files = m_window.findChild<QTreeWidget*>(QStringLiteral("treeFileView")))
+        files->expandAll();
+}
+
+void PageTour::openPromptForm()
+{
+    Application& application = GetGlobalLBX().LBX_App();
+    const QDir labels(application.LabelRootFolder());
+    for (const auto& [format, printer] : Formats) {
+        Queue* queue = application.Queues().Item(QLatin1String(printer));
+        const auto job =
+            queue ? queue->CreateJob(labels.filePath(QLatin1String(format)), 1, false) : nullptr;
+        if (!job) {
+            fail(QStringLiteral("no job for %1 on %2").arg(format, printer));
+            m_failed = true;
+            return;
+        }
+        const auto collect = [this](auto& entries, auto initialise) {
+            for (const auto& entry : entries) {
+                auto prompt = std::make_shared<clsPrompt>();
+                (prompt.get()->*initialise)(entry);
+                m_prompts.add(prompt->m_sVarName.trimmed(), prompt);
+            }
+        };
+        collect(job->PromptedValues(), &clsPrompt::InitialiseFromPromptedValue);
+        collect(job->DatabaseKeys(), &clsPrompt::InitialiseFromDatabaseKey);
+        job->Cancel();
+    }
+    m_promptForm = IPromptForm::create();
+    m_promptForm->DisplayPromptedVars(m_prompts);
+    m_promptForm->setSmoothScroll(true);
+    m_promptForm->ShowOverOwner();
+    // A product picked from the database list, as the operator would.
+    if (auto* products = dynamic_cast<QWidget*>(m_promptForm.get())->findChild<QComboBox*>())
+        products->setCurrentIndex(0);
+}
+
+void PageTour::photographPromptForm()
+{
+    auto* form = dynamic_cast<QWidget*>(m_promptForm.get());
+    if (!form) {
+        fail(QStringLiteral("the prompt form has no window"));
+        m_failed = true;
+        return;
+    }
+    save(*form, QStringLiteral("prompts.png"));
+    m_promptForm.reset();
+}
+
+void PageTour::openIdentifiers()
+{
+    const auto first = g_oComponents ? g_oComponents->Item(1) : nullptr;
+    auto* group = dynamic_cast<clsComponents*>(first.get());
+    QStringList printers;
+    for (qsizetype i = 1; group && i <= group->Count(); ++i)
+        if (const auto node = group->Item(i); !node->isGroup())
+            printers.append(node->m_sName);
+    if (printers.size() < 5) {
+        fail(QStringLiteral("no printers in the first group"));
+        m_failed = true;
+        return;
+    }
+    IdentifierTable table;
+    table.entries = {{QStringLiteral("FILLER1"), printers[0]},
+                     {QStringLiteral("FILLER2"), printers[1]},
+                     {QStringLiteral("CAPPER1"), printers[2]},
+                     {QStringLiteral("CASES"), printers[4]},
+                     {QStringLiteral("CAPPER2"), g_sNoPrinter}};
+    frmIdentifiers dialog(&m_window);
+    QTimer::singleShot(SettleMs, this, [this, &dialog] {
+        save(dialog, QStringLiteral("identifiers.png"));
+        dialog.reject();
+    });
+    dialog.Edit(table, printers, printers);
 }

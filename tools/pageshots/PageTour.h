@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printing/IPromptForm.h"
+
 #include <QDir>
 #include <QObject>
 #include <functional>
@@ -10,7 +12,9 @@ class QWidget;
 // Walks the window through its property pages as an operator would, one step at a time so
 // that each page is drawn before its picture: each kind of printer selected in the tree,
 // each tab of its frame shown and photographed, then the command test console opened, a
-// command sent and its reply photographed. Quits the application at the end.
+// command sent and its reply photographed; the file view, the prompt form of the demo's
+// formats and the identifiers of "Line 1" photographed on the way. Quits the application at the
+// end.
 class PageTour : public QObject
 {
     Q_OBJECT
@@ -30,11 +34,17 @@ private:
     void openConsole();
     void sendFromConsole();
     void photographConsole();
+    void showFileView();
+    void openPromptForm();
+    void photographPromptForm();
+    void openIdentifiers();
     void save(QWidget& widget, const QString& fileName);
     QWidget* shownFrame() const;
 
     QMainWindow& m_window;
     QDir m_out;
     QList<std::pair<int, Step>> m_steps;
+    std::unique_ptr<IPromptForm> m_promptForm;
+    PromptList m_prompts;
     bool m_failed = false;
 };

@@ -1,7 +1,9 @@
 // vigil-pageshots OUT [SECONDS]: the desktop program on a fresh demo site, photographed page
 // by page once its printers have run for SECONDS (default 20): every tab of every kind of
-// printer's frame as <frame>-<tab key>.png, and the command test console with a reply as
-// console.png. Exits 1 when a page can't be found or a picture can't be written.
+// printer's frame as <frame>-<tab key>.png, the command test console with a reply as
+// console.png, the file view as fileview.png, the prompt form of the demo's formats as
+// prompts.png and the identifiers dialog of the first group as identifiers.png. Exits 1 when
+// a page can't be found or a picture can't be written.
 
 #include "platform/host/DesktopStart.h"
 #include "platform/host/MainWindow.h"

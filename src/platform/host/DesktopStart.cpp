@@ -13,8 +13,12 @@
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtForms.h"
 #include "platform/qt/QtQueueDialogs.h"
+#include "printing/IIdentifierDialog.h"
+#include "printing/IPromptForm.h"
 #include "printing/clsLBXHandler.h"
 #include "printing/ui/frmDownloads.h"
+#include "printing/ui/frmIdentifiers.h"
+#include "printing/ui/frmPromptVars.h"
 #include "services/ApplicationOptions.h"
 
 #include <QApplication>
@@ -33,6 +37,8 @@ void installWindows()
     IForms::install(std::make_shared<QtForms>());
     IQueueDialogs::install(std::make_shared<QtQueueDialogs>());
     InstallProgressLog(std::make_shared<frmDownloads>());
+    IPromptForm::install([] { return std::make_unique<frmPromptVars>(); });
+    IIdentifierDialog::install([] { return std::make_unique<frmIdentifiers>(AddInWindow()); });
     RegisterPages();
 }
 
