@@ -35,6 +35,8 @@ public:
     // Any node of the tree, or none: the dashboard reaches its printers this way.
     TreeNode* RequestComponent(const QString& sID);
     const QString& id() const { return m_sID; }
+    // The dashboard node this handler serves.
+    clsComponent* node() const { return m_oParent; }
 
 private:
     QString m_sID;

@@ -286,6 +286,14 @@ qint32 clsComponent::GetIconIndex(qint32 lvbLPSize)
     return IconIndex({m_nSmallIcon, m_nLargeIcon}, lvbLPSize);
 }
 
+QString clsComponent::GetIcon(qint32 lvbLPSize)
+{
+    const qint32 index = GetIconIndex(lvbLPSize);
+    const ImageList::Picture* picture =
+        index && g_oAddIn ? g_oAddIn->GetFromImageList(lvbLPSize, index) : nullptr;
+    return picture ? picture->path : QString();
+}
+
 void clsComponent::SyncTime(std::optional<QDateTime> dtTime)
 {
     if (ComponentHandler* handler = GetComponent())

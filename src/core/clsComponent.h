@@ -69,6 +69,9 @@ public:
                            std::optional<qint32> vErrorState = std::nullopt) override;
     void AddImages(ImageList& imlSmallImageList, ImageList& imlLargeImageList) override;
     qint32 GetIconIndex(qint32 lvbLPSize) override;
+    // The picture file of this node's icon at size 0 or 3, as the image lists hold it; empty
+    // before its images are added.
+    QString GetIcon(qint32 lvbLPSize);
     void SyncTime(std::optional<QDateTime> dtTime = std::nullopt) override;
     QString IconPath() const;
     qint32 LBXPrinterType();

@@ -1,9 +1,7 @@
 #include "pages/PrinterFrame.h"
 
-#include "core/AddInControl.h"
 #include "core/ComponentHandler.h"
 #include "core/ErrorColours.h"
-#include "core/Globals.h"
 #include "core/clsComponent.h"
 #include "pages/HandlerMismatch.h"
 #include "pages/PrinterPage.h"
@@ -19,15 +17,6 @@
 namespace {
 constexpr int Margin = 8;
 constexpr qint32 LargeIcon = 3;
-
-// The node's large icon as the tree's image list holds it; none before its images are added.
-QString largeIconOf(clsComponent& node)
-{
-    const qint32 index = node.GetIconIndex(LargeIcon);
-    const ImageList::Picture* picture =
-        index && g_oAddIn ? g_oAddIn->GetFromImageList(LargeIcon, index) : nullptr;
-    return picture ? picture->path : QString();
-}
 } // namespace
 
 PrinterFrame::PrinterFrame(const QString& tabStripName, bool bShowsTimeout, QWidget* parent)
@@ -112,7 +101,7 @@ void PrinterFrame::m_Handler_StatusChanged()
         ComponentHandler& handler = *m_Handler;
         refreshGeneralPage(handler);
         clsComponent* node = PrinterNode(handler);
-        m_statusStrip->setIcon(node ? largeIconOf(*node) : QString());
+        m_statusStrip->setIcon(node ? node->GetIcon(LargeIcon) : QString());
         m_statusStrip->setName(handler.m_sName);
         m_statusStrip->setTimeout(timeoutMessage(handler));
         m_statusStrip->setColour(node ? node->GetErrorColour(DashboardPalette, false) : ButtonFace);

@@ -18,6 +18,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QMap>
 #include <QSet>
 
@@ -162,6 +163,39 @@ TEST_F(DemoSiteTest, TheDemosLabelFolderHasAFormatForEachKindOfItsPrintersAndASe
     const LabelSetFile set = LabelSetFile::read(folder.filePath("Line1.LBS"));
     EXPECT_EQ(set.description(), QStringLiteral("Line 1"));
     EXPECT_EQ(set.elements().size(), 5);
+}
+
+TEST_F(DemoSiteTest, EachLinesDashboardShowsItsPrintersOverThePictureOfTheLine)
+{
+    DemoSite::use(true);
+    const auto root = std::make_shared<clsComponents>();
+    root->m_sID = AddInControl::RootId;
+    root->LoadState(QStringLiteral("Printers"));
+    // The fixture's program folder is a scratch one; the picture lies beside this program.
+    const QImage picture(QCoreApplication::applicationDirPath() + "/demo/line.png");
+    ASSERT_FALSE(picture.isNull());
+    const QRect onPicture(QPoint(0, 0), picture.size() * 15);
+    for (qsizetype index = 1; index <= root->Count(); ++index) {
+        const auto group = std::dynamic_pointer_cast<clsComponents>(root->Item(index));
+        ASSERT_TRUE(group && group->HasUI());
+        clsComponent& dashboard = *group->DisplayComponent();
+        QString background;
+        EXPECT_TRUE(dashboard.GetStoredSetting("Background", background));
+        EXPECT_EQ(background, QDir(GetProgramFolder()).filePath("demo/line.png"));
+        QList<QRect> places;
+        for (qsizetype child = 1; child <= group->Count(); ++child) {
+            const QString key = "Shortcut:" + group->Item(child)->m_sID + '.';
+            QString left, top;
+            ASSERT_TRUE(dashboard.GetStoredSetting(key + "left", left) &&
+                        dashboard.GetStoredSetting(key + "top", top));
+            // Each in its own place on the picture.
+            const QRect place(left.toInt(), top.toInt(), 1935, 685);
+            EXPECT_TRUE(onPicture.contains(place)) << key.toStdString();
+            for (const QRect& other : std::as_const(places))
+                EXPECT_FALSE(other.intersects(place)) << key.toStdString();
+            places.append(place);
+        }
+    }
 }
 
 TEST_F(DemoSiteTest, AChangedDemoIsKeptUnlessFreshAndTheUsersStoreIsNeverTouched)

@@ -1,14 +1,16 @@
 // vigil-icons: draws the program's icons and writes them as Windows .ico files, with the
 // program's picture as a 256 px PNG beside them.
 //
-//   vigil-icons FOLDER [--sheet FILE]
+//   vigil-icons FOLDER [--sheet FILE] [--line FILE]
 //
 // Each icon goes to FOLDER/NAME.ico as a 32 by 32 picture: Qt's "ico" writer puts one picture
 // in a file, and a 16 px icon is that picture scaled down, which the drawings are made for
 // (see IconKit.h). --sheet also writes a contact sheet of the files as they read back, at 16
-// and 32 px, magnified, and in a tree as it shows them, for a person to look at.
+// and 32 px, magnified, and in a tree as it shows them, for a person to look at. --line writes
+// the demo's picture of a packing line, the background of its dashboards, as a PNG.
 
 #include "IconArt.h"
+#include "LineArt.h"
 
 #include <QDir>
 #include <QFont>
@@ -140,19 +142,24 @@ int main(int argc, char* argv[])
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
     QString sheetPath;
-    const qsizetype sheetFlag = arguments.indexOf(QStringLiteral("--sheet"));
-    if (sheetFlag >= 0) {
-        if (sheetFlag + 1 >= arguments.size()) {
-            err() << "vigil-icons: --sheet wants a file name" << Qt::endl;
+    QString linePath;
+    for (auto [flag, path] : {std::pair{QStringLiteral("--sheet"), &sheetPath},
+                              std::pair{QStringLiteral("--line"), &linePath}}) {
+        const qsizetype at = arguments.indexOf(flag);
+        if (at < 0)
+            continue;
+        if (at + 1 >= arguments.size()) {
+            err() << "vigil-icons: " << flag << " wants a file name" << Qt::endl;
             return 2;
         }
-        sheetPath = arguments.takeAt(sheetFlag + 1);
-        arguments.removeAt(sheetFlag);
+        *path = arguments.takeAt(at + 1);
+        arguments.removeAt(at);
     }
     if (arguments.size() != 1 || arguments.first().startsWith(QLatin1Char('-'))) {
-        err() << "Usage: vigil-icons FOLDER [--sheet FILE]\n"
+        err() << "Usage: vigil-icons FOLDER [--sheet FILE] [--line FILE]\n"
                  "Writes the program's icons into FOLDER as NAME.ico, and Vigil.png;\n"
-                 "--sheet also writes a contact sheet of them to FILE (a PNG).\n";
+                 "--sheet also writes a contact sheet of them to FILE (a PNG),\n"
+                 "--line the demo's picture of a packing line to FILE (a PNG).\n";
         err().flush();
         return 2;
     }
@@ -178,13 +185,16 @@ int main(int argc, char* argv[])
                        "png") &&
                  ok;
 
-    if (!sheetPath.isEmpty()) {
-        // Text on the sheet needs the fonts, and so an application; no window is shown.
+    if (!sheetPath.isEmpty() || !linePath.isEmpty()) {
+        // Text on the pictures needs the fonts, and so an application; no window is shown.
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
         int appArgc = 1;
         QGuiApplication application(appArgc, argv);
-        ok = writeSheet(folder, sheetPath) && ok;
+        if (!sheetPath.isEmpty())
+            ok = writeSheet(folder, sheetPath) && ok;
+        if (!linePath.isEmpty())
+            ok = write(LineArt::draw(), linePath, "png") && ok;
     }
     return ok ? 0 : 1;
 }

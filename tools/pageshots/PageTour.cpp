@@ -26,6 +26,8 @@ namespace {
 // A printer of each kind on the demo site, the one that shows the most.
 const char* const Printers[] = {"Filler C2", "Capper A1", "Pallet labeller",
                                 "Office label printer"};
+// The group whose dashboard is photographed.
+const QString DashboardGroup = QStringLiteral("Line 1");
 // A command whose reply reads as text.
 const QString ConsoleCommand = QStringLiteral("0x10");
 constexpr int SettleMs = 400;
@@ -64,6 +66,8 @@ void PageTour::start()
     then(SettleMs, [this] { visitPrinter(QLatin1String(Printers[0])); });
     // The console is modal: the steps after its opening run in its own loop.
     then(SettleMs, [this] { openConsole(); });
+    then(SettleMs, [this] { visitGroup(DashboardGroup); });
+    then(SettleMs, [this] { save(m_window, QStringLiteral("dashboard.png")); });
     then(0, [] { QApplication::exit(0); });
     next();
 }
@@ -100,6 +104,26 @@ void PageTour::visitPrinter(const QString& printerName)
     }
     tree->setCurrentItem(items.first());
     g_oAddIn->treePrinters_NodeClick(node->m_sID);
+}
+
+void PageTour::visitGroup(const QString& groupName)
+{
+    TreeNode* group = nullptr;
+    for (qsizetype index = 1; g_oComponents && index <= g_oComponents->Count(); ++index)
+        if (const auto child = g_oComponents->Item(index);
+            child->isGroup() && child->m_sName == groupName)
+            group = child.get();
+    auto* tree = m_window.findChild<QTreeWidget*>();
+    const QList<QTreeWidgetItem*> items =
+        tree ? tree->findItems(groupName, Qt::MatchExactly | Qt::MatchRecursive)
+             : QList<QTreeWidgetItem*>();
+    if (!group || items.isEmpty() || !g_oAddIn) {
+        fail(QStringLiteral("no group \"%1\" on the demo site").arg(groupName));
+        m_failed = true;
+        return;
+    }
+    tree->setCurrentItem(items.first());
+    g_oAddIn->treePrinters_NodeClick(group->m_sID);
 }
 
 QWidget* PageTour::shownFrame() const

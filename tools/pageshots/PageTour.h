@@ -13,8 +13,8 @@ class QWidget;
 // that each page is drawn before its picture: each kind of printer selected in the tree,
 // each tab of its frame shown and photographed, then the command test console opened, a
 // command sent and its reply photographed; the file view, the prompt form of the demo's
-// formats and the identifiers of "Line 1" photographed on the way. Quits the application at the
-// end.
+// formats and the identifiers of "Line 1" photographed on the way; and last the dashboard of
+// the first line, once its printers have changed state. Quits the application at the end.
 class PageTour : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,7 @@ private:
     void then(int delayMs, Step step);
     void next();
     void visitPrinter(const QString& printerName);
+    void visitGroup(const QString& groupName);
     void photographTabs();
     void openConsole();
     void sendFromConsole();

@@ -2,8 +2,8 @@
 // by page once its printers have run for SECONDS (default 20): every tab of every kind of
 // printer's frame as <frame>-<tab key>.png, the command test console with a reply as
 // console.png, the file view as fileview.png, the prompt form of the demo's formats as
-// prompts.png and the identifiers dialog of the first group as identifiers.png. Exits 1 when
-// a page can't be found or a picture can't be written.
+// prompts.png, the identifiers dialog of the first group as identifiers.png and the dashboard
+// of Line 1 as dashboard.png. Exits 1 when a page can't be found or a picture can't be written.
 
 #include "platform/host/DesktopStart.h"
 #include "platform/host/MainWindow.h"

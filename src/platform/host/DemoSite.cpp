@@ -5,6 +5,8 @@
 #include "core/PresentTime.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
+#include "dashboard/GroupUI.h"
+#include "dashboard/ShortcutKeys.h"
 #include "drivers/clsDominoHandlerC.h"
 #include "platform/lbx/LbxApplication.h"
 #include "platform/lbx/QueueStore.h"
@@ -25,6 +27,7 @@ const QString TreeKey = QStringLiteral("Printers");
 constexpr qint32 InkLowLimit = 10;
 // Beside the program, as the build and an installation lay resources out.
 const QString LabelFolder = QStringLiteral("demo/labels");
+const QString LinePicture = QStringLiteral("demo/line.png");
 
 struct DemoPrinter
 {
@@ -68,6 +71,35 @@ const DemoPrinter Printers[] = {
     {"Line 2", "Office label printer", PrinterFamily::LocalLabelPrinter, "sim:label",
      "Label printer in the line 2 office"},
 };
+
+// Where each printer's shortcut stands on its line's dashboard, in twips: above its machine,
+// or below the belt; a capper's below the walkway, so that a long alert beside it has room.
+struct DashboardPlace
+{
+    const char* printer;
+    int left;
+    int top;
+};
+
+const DashboardPlace Places[] = {
+    {"Filler C1", 600, 510},        {"Filler C2", 600, 3930},
+    {"Capper A1", 3525, 510},       {"Capper A2", 3525, 5175},
+    {"Case labeller", 6450, 510},   {"Filler C3", 600, 510},
+    {"Filler C4", 600, 3930},       {"Capper A3", 3525, 510},
+    {"Capper A4", 3525, 5175},      {"Tray labeller", 6450, 510},
+    {"Pallet labeller", 9000, 510}, {"Office label printer", 9000, 5550},
+};
+// The shortcut's size as designed; the dashboard writes the size it takes when it shows.
+constexpr QSize ShortcutDesign(1935, 685);
+
+// A new user sees each line's printers over a picture of the line at once.
+void placeShortcut(clsComponent& dashboard, const clsComponent& printer)
+{
+    for (const DashboardPlace& place : Places)
+        if (printer.m_sName == QLatin1String(place.printer))
+            ShortcutKeys(dashboard).write(printer.m_sID,
+                                          QRect(QPoint(place.left, place.top), ShortcutDesign));
+}
 
 // Ids as the control makes them: "GP" or "ID", the date and time, and a number.
 class DemoIds
@@ -213,6 +245,8 @@ void DemoSite::seed()
         auto& group = groups[groupName];
         if (!group) {
             group = makeGroup(ids.next(true), groupName);
+            group->DisplayComponent()->AddStoredSetting(
+                GroupUI::BackgroundSetting, QDir(GetProgramFolder()).filePath(LinePicture));
             root->AddComponent(group->m_sID, group);
         }
         const auto node = makePrinter(ids.next(false), queue);
@@ -221,6 +255,7 @@ void DemoSite::seed()
         if (printer.family == PrinterFamily::DominoCSeries)
             node->AddStoredSetting(clsDominoHandlerC::CheckErrorLogSetting, QStringLiteral("True"));
         group->AddComponent(node->m_sID, node);
+        placeShortcut(*group->DisplayComponent(), *node);
     }
     if (const auto line = groups.value(LabelSetGroup))
         line->m_colGroupIdentifiers = labelSetIdentifiers();

@@ -6,6 +6,7 @@
 #include "services/ErrorBox.h"
 
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QStyle>
 
 namespace {
@@ -68,6 +69,7 @@ IPage* QtPagePane::createPage(const QString& className, const QString& name)
     m_pageName = name;
     m_pageWidget = widget;
     widget->setParent(&m_frameControlContainer);
+    widget->installEventFilter(this);
     // A page nobody has sized comes at the size its layout asks for.
     if (!widget->testAttribute(Qt::WA_Resized))
         widget->resize(widget->sizeHint());
@@ -161,8 +163,16 @@ void QtPagePane::applyControlLayout()
     frameCustomControlParent_Resize();
 }
 
+bool QtPagePane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && watched == m_pageWidget && !m_bPlacingFrame)
+        frameCustomControlParent_Resize();
+    return QWidget::eventFilter(watched, event);
+}
+
 void QtPagePane::frameCustomControlParent_Resize()
 {
+    const QScopedValueRollback placing(m_bPlacingFrame, true);
     const WorkspaceLayout::Rect pane = m_layout.pageParent();
     if (m_hooks.resizeComponent)
         m_hooks.resizeComponent(WorkspaceLayout::toShortTwips(pane.width),

@@ -54,6 +54,8 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    // A page that changes its own size, as a dashboard that grows, gets its bars at once.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fSplitter_MouseMove(int button, float x);
@@ -77,6 +79,7 @@ private:
     bool m_bSized = false;
     std::optional<qint32> m_pendingSplit;
     bool m_bScrollBarsVisible = true;
+    bool m_bPlacingFrame = false;
 
     std::unique_ptr<IPage> m_page;
     QPointer<QWidget> m_pageWidget;
