@@ -5,12 +5,11 @@
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
 #include "drivers/Application.h"
-#include "drivers/PrintJob.h"
-#include "drivers/Queue.h"
-#include "drivers/Queues.h"
 #include "pages/PrinterFrame.h"
 #include "printing/clsLBXHandler.h"
-#include "printing/ui/frmIdentifiers.h"
+#include "platform/qt/TreeWidget.h"
+#include "platform/qt/Twips.h"
+#include "printing/GroupIdentifierEditing.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -32,11 +31,8 @@ const QString DashboardGroup = QStringLiteral("Line 1");
 const QString ConsoleCommand = QStringLiteral("0x10");
 constexpr int SettleMs = 400;
 constexpr int ReplyMs = 2500;
-// The demo's formats, each read through a job on a printer of its type; the job is cancelled
-// once its prompts are copied.
-const std::pair<const char*, const char*> Formats[] = {{"CaseLabel.FMT", "Case labeller"},
-                                                       {"OfficeLabel.FMT", "Office label printer"},
-                                                       {"FillerMessage.FMT", "Filler C1"}};
+// Time for the labels of a send to reach the simulated printers.
+constexpr int LabelsMs = 4000;
 
 void fail(const QString& why)
 {
@@ -59,8 +55,16 @@ void PageTour::start()
     then(SettleMs, [this] { save(m_window, QStringLiteral("fileview.png")); });
     // Toggled off again, the selected printer's page comes back.
     then(0, [this] { showFileView(); });
-    then(SettleMs, [this] { openPromptForm(); });
-    then(SettleMs, [this] { photographPromptForm(); });
+    // A label set on Line 1, spreading to its printers, and a format on the office printer.
+    then(SettleMs, [this] { dropFile(QStringLiteral("Line 1"), QStringLiteral("Line1.LBS")); });
+    then(0, [this] {
+        dropFile(QStringLiteral("Office label printer"), QStringLiteral("OfficeLabel.FMT"));
+    });
+    then(SettleMs, [this] { save(m_window, QStringLiteral("assigned.png")); });
+    then(0, [this] { visitGroup(QStringLiteral("Line 1")); });
+    then(SettleMs, [this] { sendLine(); });
+    then(0, [] { g_oAddIn->DoDisplayPrintProgress(); });
+    then(LabelsMs, [this] { photographProgress(); });
     // The identifiers dialog is modal: its picture is taken in its own loop.
     then(SettleMs, [this] { openIdentifiers(); });
     then(SettleMs, [this] { visitPrinter(QLatin1String(Printers[0])); });
@@ -115,7 +119,8 @@ void PageTour::visitGroup(const QString& groupName)
             group = child.get();
     auto* tree = m_window.findChild<QTreeWidget*>();
     const QList<QTreeWidgetItem*> items =
-        tree ? tree->findItems(groupName, Qt::MatchExactly | Qt::MatchRecursive)
+        // An assignment follows the name in the item's text.
+        tree ? tree->findItems(groupName, Qt::MatchStartsWith | Qt::MatchRecursive)
              : QList<QTreeWidgetItem*>();
     if (!group || items.isEmpty() || !g_oAddIn) {
         fail(QStringLiteral("no group \"%1\" on the demo site").arg(groupName));
@@ -229,74 +234,83 @@ void PageTour::showFileView()
         files->expandAll();
 }
 
-void PageTour::openPromptForm()
+// Drops a label file of the demo's folder on the tree item that starts with that text, as the
+// file view's drag does.
+void PageTour::dropFile(const QString& itemText, const QString& fileName)
 {
-    Application& application = GetGlobalLBX().LBX_App();
-    const QDir labels(application.LabelRootFolder());
-    for (const auto& [format, printer] : Formats) {
-        Queue* queue = application.Queues().Item(QLatin1String(printer));
-        const auto job =
-            queue ? queue->CreateJob(labels.filePath(QLatin1String(format)), 1, false) : nullptr;
-        if (!job) {
-            fail(QStringLiteral("no job for %1 on %2").arg(format, printer));
-            m_failed = true;
-            return;
-        }
-        const auto collect = [this](auto& entries, auto initialise) {
-            for (const auto& entry : entries) {
-                auto prompt = std::make_shared<clsPrompt>();
-                (prompt.get()->*initialise)(entry);
-                m_prompts.add(prompt->m_sVarName.trimmed(), prompt);
-            }
-        };
-        collect(job->PromptedValues(), &clsPrompt::InitialiseFromPromptedValue);
-        collect(job->DatabaseKeys(), &clsPrompt::InitialiseFromDatabaseKey);
-        job->Cancel();
-    }
-    m_promptForm = IPromptForm::create();
-    m_promptForm->DisplayPromptedVars(m_prompts);
-    m_promptForm->setSmoothScroll(true);
-    m_promptForm->ShowOverOwner();
-    // A product picked from the database list, as the operator would.
-    if (auto* products = dynamic_cast<QWidget*>(m_promptForm.get())->findChild<QComboBox*>())
-        products->setCurrentIndex(0);
-}
-
-void PageTour::photographPromptForm()
-{
-    auto* form = dynamic_cast<QWidget*>(m_promptForm.get());
-    if (!form) {
-        fail(QStringLiteral("the prompt form has no window"));
+    auto* tree = m_window.findChild<TreeWidget*>();
+    const QList<QTreeWidgetItem*> items =
+        tree ? tree->findItems(itemText, Qt::MatchStartsWith | Qt::MatchRecursive)
+             : QList<QTreeWidgetItem*>();
+    if (items.isEmpty() || !g_oAddIn) {
+        fail(QStringLiteral("no \"%1\" in the tree to drop %2 on").arg(itemText, fileName));
         m_failed = true;
         return;
     }
-    save(*form, QStringLiteral("prompts.png"));
-    m_promptForm.reset();
+    const QPoint point = tree->visualItemRect(items.first()).center();
+    const QString path = QDir(GetGlobalLBX().LBX_App().FileViewRootFolder()).filePath(fileName);
+    const DragData data{QStringLiteral("MSFileDir_ ID") + path, std::nullopt};
+    g_oAddIn->treePrinters_OLEDragDrop(data, float(point.x() * TwipsPerPixel),
+                                       float(point.y() * TwipsPerPixel));
+}
+
+// The send blocks in its wait for the prompt form: the form is photographed, a product picked
+// and OK pressed from inside that wait.
+void PageTour::sendLine()
+{
+    QTimer::singleShot(SettleMs, this, [this] {
+        QWidget* form = nullptr;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == QLatin1String("frmPromptVars") && window->isVisible())
+                form = window;
+        if (!form) {
+            fail(QStringLiteral("the send showed no prompt form"));
+            m_failed = true;
+            return;
+        }
+        if (auto* products = form->findChild<QComboBox*>())
+            products->setCurrentIndex(0);
+        save(*form, QStringLiteral("prompts.png"));
+        if (auto* ok = form->findChild<QPushButton*>(QStringLiteral("cmdOK")))
+            ok->click();
+    });
+    g_oAddIn->DoSendFilesToPrinters();
+}
+
+void PageTour::photographProgress()
+{
+    QWidget* log = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == QLatin1String("frmDownloads") && window->isVisible())
+            log = window;
+    if (!log) {
+        fail(QStringLiteral("the print progress log is not showing"));
+        m_failed = true;
+        return;
+    }
+    save(*log, QStringLiteral("progress-sent.png"));
+    log->hide();
 }
 
 void PageTour::openIdentifiers()
 {
     const auto first = g_oComponents ? g_oComponents->Item(1) : nullptr;
     auto* group = dynamic_cast<clsComponents*>(first.get());
-    QStringList printers;
-    for (qsizetype i = 1; group && i <= group->Count(); ++i)
-        if (const auto node = group->Item(i); !node->isGroup())
-            printers.append(node->m_sName);
-    if (printers.size() < 5) {
-        fail(QStringLiteral("no printers in the first group"));
+    if (!group) {
+        fail(QStringLiteral("no first group on the demo site"));
         m_failed = true;
         return;
     }
-    IdentifierTable table;
-    table.entries = {{QStringLiteral("FILLER1"), printers[0]},
-                     {QStringLiteral("FILLER2"), printers[1]},
-                     {QStringLiteral("CAPPER1"), printers[2]},
-                     {QStringLiteral("CASES"), printers[4]},
-                     {QStringLiteral("CAPPER2"), g_sNoPrinter}};
-    frmIdentifiers dialog(&m_window);
-    QTimer::singleShot(SettleMs, this, [this, &dialog] {
-        save(dialog, QStringLiteral("identifiers.png"));
-        dialog.reject();
+    // The dialog is modal: it is photographed and closed from inside its own loop.
+    QTimer::singleShot(SettleMs, this, [this] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog) {
+            fail(QStringLiteral("the identifiers dialog did not open"));
+            m_failed = true;
+            return;
+        }
+        save(*dialog, QStringLiteral("identifiers.png"));
+        dialog->close();
     });
-    dialog.Edit(table, printers, printers);
+    EditGroupIdentifiers(*group, *g_oComponents);
 }

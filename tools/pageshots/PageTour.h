@@ -1,7 +1,5 @@
 #pragma once
 
-#include "printing/IPromptForm.h"
-
 #include <QDir>
 #include <QObject>
 #include <functional>
@@ -12,9 +10,10 @@ class QWidget;
 // Walks the window through its property pages as an operator would, one step at a time so
 // that each page is drawn before its picture: each kind of printer selected in the tree,
 // each tab of its frame shown and photographed, then the command test console opened, a
-// command sent and its reply photographed; the file view, the prompt form of the demo's
-// formats and the identifiers of "Line 1" photographed on the way; and last the dashboard of
-// the first line, once its printers have changed state. Quits the application at the end.
+// command sent and its reply photographed; on the way the file view, label files dropped on
+// the tree, the send of "Line 1" with its prompt form and the progress log, and the
+// identifiers of "Line 1"; and last the dashboard of the first line, once its printers have
+// changed state. Quits the application at the end.
 class PageTour : public QObject
 {
     Q_OBJECT
@@ -36,8 +35,9 @@ private:
     void sendFromConsole();
     void photographConsole();
     void showFileView();
-    void openPromptForm();
-    void photographPromptForm();
+    void dropFile(const QString& itemText, const QString& fileName);
+    void sendLine();
+    void photographProgress();
     void openIdentifiers();
     void save(QWidget& widget, const QString& fileName);
     QWidget* shownFrame() const;
@@ -45,7 +45,5 @@ private:
     QMainWindow& m_window;
     QDir m_out;
     QList<std::pair<int, Step>> m_steps;
-    std::unique_ptr<IPromptForm> m_promptForm;
-    PromptList m_prompts;
     bool m_failed = false;
 };
