@@ -1,6 +1,7 @@
 #include "core/HeadlessProgressLog.h"
 
 #include "services/HeadlessOutput.h"
+#include "services/MessageCatalogue.h"
 
 HeadlessProgressLog::HeadlessProgressLog(FILE* stream)
     : m_stream(stream)
@@ -10,9 +11,13 @@ void HeadlessProgressLog::AddStatusItem(const QString& sPrinter, const QString& 
                                         qint32 eStatus)
 {
     // Status 0 leaves the row as it is.
-    if (eStatus != 0)
-        WriteHeadlessLine(
-            m_stream, QStringLiteral("%1: %2 (status %3)").arg(sPrinter, sMessage).arg(eStatus));
+    if (eStatus == 0)
+        return;
+    const std::optional<qint32> word = StatusMessageId(eStatus);
+    WriteHeadlessLine(
+        m_stream, QStringLiteral("%1: %2: %3")
+                      .arg(sPrinter, sMessage,
+                           word ? GetMessage(*word) : QStringLiteral("status %1").arg(eStatus)));
 }
 
 void HeadlessProgressLog::AddErrorItem(const QString& sPrinter, const QString& sMessage,

@@ -33,18 +33,10 @@ struct StatusLook
 // The word and icon of a print item status; none for a status the log has no word for.
 std::optional<StatusLook> lookOf(qint32 eStatus)
 {
-    switch (eStatus) {
-    case 1:
-        return StatusLook{401, NeutralIcon};
-    case 2:
-        return StatusLook{398, NeutralIcon};
-    case 3:
-        return StatusLook{400, NeutralIcon};
-    case 4:
-        return StatusLook{399, SuccessIcon};
-    default:
+    const std::optional<qint32> messageId = StatusMessageId(eStatus);
+    if (!messageId)
         return std::nullopt;
-    }
+    return StatusLook{*messageId, eStatus == PrintItemDone ? SuccessIcon : NeutralIcon};
 }
 
 QString withoutLineFeeds(QString text)
