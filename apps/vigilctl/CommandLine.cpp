@@ -45,3 +45,11 @@ int Console::fail(const QString& message, ExitCode code) const
     err << "vigilctl: " << message << Qt::endl;
     return code;
 }
+
+std::optional<std::pair<QString, QString>> NameAndValue(const QString& word)
+{
+    const qsizetype equals = word.indexOf(QLatin1Char('='));
+    if (equals <= 0)
+        return std::nullopt;
+    return std::make_pair(word.left(equals).trimmed(), word.mid(equals + 1));
+}

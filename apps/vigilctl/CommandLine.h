@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QTextStream>
 #include <optional>
+#include <utility>
 
 enum ExitCode {
     ExitDone = 0,
@@ -43,6 +44,9 @@ private:
     QString m_unknown;
     bool m_bHelp = false;
 };
+
+// "NAME=VALUE" split at its first "=", the name trimmed; none when no name comes before it.
+std::optional<std::pair<QString, QString>> NameAndValue(const QString& word);
 
 // The streams a command writes to, and its one-line failure.
 struct Console

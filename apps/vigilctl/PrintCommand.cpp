@@ -111,13 +111,12 @@ int PrintCommand::run(const QStringList& words)
 bool PrintCommand::setValues(PrintJob& job, const QStringList& assignments, QString& problem) const
 {
     for (const QString& assignment : assignments) {
-        const qsizetype equals = assignment.indexOf(QLatin1Char('='));
-        const QString name = assignment.left(equals).trimmed();
-        const QString value = assignment.mid(equals + 1);
-        if (equals <= 0) {
+        const auto set = NameAndValue(assignment);
+        if (!set) {
             problem = QStringLiteral("--set takes NAME=VALUE, not \"%1\"").arg(assignment);
             return false;
         }
+        const auto& [name, value] = *set;
         if (PromptedValue* prompt = findByName(job.PromptedValues(), name)) {
             if (!prompt->NoMaxLength && value.size() > prompt->MaxLength) {
                 problem = QStringLiteral("\"%1\" takes at most %2 characters")

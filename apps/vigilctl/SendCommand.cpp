@@ -20,15 +20,6 @@
 namespace {
 const QString AssignOption = QStringLiteral("--assign");
 const QString SetOption = QStringLiteral("--set");
-
-// "NAME=VALUE" split at its first "="; none when there is no name before it.
-std::optional<std::pair<QString, QString>> nameAndValue(const QString& word)
-{
-    const qsizetype equals = word.indexOf(QLatin1Char('='));
-    if (equals <= 0)
-        return std::nullopt;
-    return std::make_pair(word.left(equals).trimmed(), word.mid(equals + 1));
-}
 } // namespace
 
 SendCommand::SendCommand(const Console& console)
@@ -69,7 +60,7 @@ int SendCommand::run(const QStringList& words)
         return m_console.fail(QStringLiteral("send: see vigilctl send --help"), ExitBadArguments);
     QHash<QString, QString> answers;
     for (const QString& word : line.values(SetOption)) {
-        const auto set = nameAndValue(word);
+        const auto set = NameAndValue(word);
         if (!set)
             return m_console.fail(
                 QStringLiteral("send: --set takes NAME=VALUE, not \"%1\"").arg(word),
@@ -77,7 +68,7 @@ int SendCommand::run(const QStringList& words)
         answers.insert(set->first, set->second);
     }
     for (const QString& word : line.values(AssignOption))
-        if (!nameAndValue(word) || word.endsWith(QLatin1Char('=')))
+        if (!NameAndValue(word) || word.endsWith(QLatin1Char('=')))
             return m_console.fail(
                 QStringLiteral("send: --assign takes NODE=FILE, not \"%1\"").arg(word),
                 ExitBadArguments);
@@ -140,7 +131,7 @@ int SendCommand::run(const QStringList& words)
 
 bool SendCommand::assign(const QString& assignment)
 {
-    const auto [nodeName, file] = *nameAndValue(assignment);
+    const auto [nodeName, file] = *NameAndValue(assignment);
     QString problem;
     const std::shared_ptr<TreeNode> node = HeadlessMonitor::named(nodeName, problem);
     if (!node) {

@@ -6,10 +6,10 @@
 #include "core/clsComponents.h"
 #include "drivers/Application.h"
 #include "pages/PrinterFrame.h"
-#include "printing/clsLBXHandler.h"
 #include "platform/qt/TreeWidget.h"
 #include "platform/qt/Twips.h"
 #include "printing/GroupIdentifierEditing.h"
+#include "printing/clsLBXHandler.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -94,20 +94,31 @@ void PageTour::next()
     });
 }
 
-void PageTour::visitPrinter(const QString& printerName)
+QTreeWidgetItem* PageTour::treeItem(const QString& name) const
 {
-    clsComponent* node = g_oComponents ? g_oComponents->FindPrinter(printerName) : nullptr;
-    auto* tree = m_window.findChild<QTreeWidget*>();
+    auto* tree = m_window.findChild<TreeWidget*>();
+    // An assignment or an alert follows the name in the item's text.
     const QList<QTreeWidgetItem*> items =
-        tree ? tree->findItems(printerName, Qt::MatchStartsWith | Qt::MatchRecursive)
+        tree ? tree->findItems(name, Qt::MatchStartsWith | Qt::MatchRecursive)
              : QList<QTreeWidgetItem*>();
-    if (!node || items.isEmpty() || !g_oAddIn) {
-        fail(QStringLiteral("no printer \"%1\" on the demo site").arg(printerName));
+    return items.isEmpty() ? nullptr : items.first();
+}
+
+void PageTour::visit(TreeNode* node, const QString& name)
+{
+    QTreeWidgetItem* item = treeItem(name);
+    if (!node || !item || !g_oAddIn) {
+        fail(QStringLiteral("no \"%1\" on the demo site").arg(name));
         m_failed = true;
         return;
     }
-    tree->setCurrentItem(items.first());
+    item->treeWidget()->setCurrentItem(item);
     g_oAddIn->treePrinters_NodeClick(node->m_sID);
+}
+
+void PageTour::visitPrinter(const QString& printerName)
+{
+    visit(g_oComponents ? g_oComponents->FindPrinter(printerName) : nullptr, printerName);
 }
 
 void PageTour::visitGroup(const QString& groupName)
@@ -117,18 +128,7 @@ void PageTour::visitGroup(const QString& groupName)
         if (const auto child = g_oComponents->Item(index);
             child->isGroup() && child->m_sName == groupName)
             group = child.get();
-    auto* tree = m_window.findChild<QTreeWidget*>();
-    const QList<QTreeWidgetItem*> items =
-        // An assignment follows the name in the item's text.
-        tree ? tree->findItems(groupName, Qt::MatchStartsWith | Qt::MatchRecursive)
-             : QList<QTreeWidgetItem*>();
-    if (!group || items.isEmpty() || !g_oAddIn) {
-        fail(QStringLiteral("no group \"%1\" on the demo site").arg(groupName));
-        m_failed = true;
-        return;
-    }
-    tree->setCurrentItem(items.first());
-    g_oAddIn->treePrinters_NodeClick(group->m_sID);
+    visit(group, groupName);
 }
 
 QWidget* PageTour::shownFrame() const
@@ -238,16 +238,13 @@ void PageTour::showFileView()
 // file view's drag does.
 void PageTour::dropFile(const QString& itemText, const QString& fileName)
 {
-    auto* tree = m_window.findChild<TreeWidget*>();
-    const QList<QTreeWidgetItem*> items =
-        tree ? tree->findItems(itemText, Qt::MatchStartsWith | Qt::MatchRecursive)
-             : QList<QTreeWidgetItem*>();
-    if (items.isEmpty() || !g_oAddIn) {
+    QTreeWidgetItem* item = treeItem(itemText);
+    if (!item || !g_oAddIn) {
         fail(QStringLiteral("no \"%1\" in the tree to drop %2 on").arg(itemText, fileName));
         m_failed = true;
         return;
     }
-    const QPoint point = tree->visualItemRect(items.first()).center();
+    const QPoint point = item->treeWidget()->visualItemRect(item).center();
     const QString path = QDir(GetGlobalLBX().LBX_App().FileViewRootFolder()).filePath(fileName);
     const DragData data{QStringLiteral("MSFileDir_ ID") + path, std::nullopt};
     g_oAddIn->treePrinters_OLEDragDrop(data, float(point.x() * TwipsPerPixel),

@@ -5,6 +5,8 @@
 #include <functional>
 
 class QMainWindow;
+class QTreeWidgetItem;
+class TreeNode;
 class QWidget;
 
 // Walks the window through its property pages as an operator would, one step at a time so
@@ -28,6 +30,8 @@ private:
 
     void then(int delayMs, Step step);
     void next();
+    QTreeWidgetItem* treeItem(const QString& name) const;
+    void visit(TreeNode* node, const QString& name);
     void visitPrinter(const QString& printerName);
     void visitGroup(const QString& groupName);
     void photographTabs();
