@@ -122,7 +122,14 @@ bool SendEngine::askForValues(PromptList& prompts)
     const QPointer<SendEngine> alive(this);
     TurnEventLoopUntil([&] { return !alive || g_bExiting || !m_frmPromptVars->IsVisible(); }, -1,
                        FormWatchMs);
-    return alive && !g_bExiting;
+    if (!alive)
+        return false;
+    // Going down, the form goes with the send.
+    if (g_bExiting) {
+        m_frmPromptVars.reset();
+        return false;
+    }
+    return true;
 }
 
 bool SendEngine::AllPrintersAssigned(const QString& sKey)

@@ -46,7 +46,8 @@ private:
     using JobList = QList<std::shared_ptr<PrintJob>>;
 
     Outcome send(const QString& sSelectedKey);
-    // Shows the form and waits while it is visible; false when the engine went meanwhile.
+    // Shows the form and waits while it is visible; false when the program went down
+    // meanwhile, with the engine or before it.
     bool askForValues(PromptList& prompts);
     bool AllPrintersAssigned(const QString& sKey);
     void SendNode(TreeNode& node, JobList& jobs);

@@ -329,3 +329,23 @@ TEST_F(SendTest, IdentifiersAreSavedWithTheGroupAndOutliveTheirPrinter)
     EXPECT_EQ(m_line->m_colGroupIdentifiers,
               (GroupIdentifiers{{"FILLER", "filler"}, {"CAP", g_sNoPrinter}}));
 }
+
+TEST_F(SendTest, GoingDownWhileTheFormIsOpenSendsNothing)
+{
+    m_application->promptedValuesOf.insert(QStringLiteral("/labels/Filler.FMT"),
+                                           {prompt("Lot", "")});
+    for (const QString& name :
+         {QStringLiteral("filler"), QStringLiteral("capper"), QStringLiteral("office")})
+        printerNamed(name).SetAssignedFile(QStringLiteral("Filler.FMT"));
+    forgetJobs();
+    m_form.whileOpen = [] {
+        g_bExiting = true;
+    };
+    EXPECT_EQ(m_control->sendEngine().DoSendFilesToPrinters(QString()),
+              SendEngine::Outcome::Cancelled);
+    for (const QString& name :
+         {QStringLiteral("filler"), QStringLiteral("capper"), QStringLiteral("office")}) {
+        ASSERT_EQ(jobsOf(name).size(), 1);
+        EXPECT_TRUE(jobsOf(name)[0]->cancelled());
+    }
+}
