@@ -15,8 +15,6 @@
 
 namespace {
 const QString Context = QStringLiteral("AddInControl - ");
-const QString ComponentDragText = QStringLiteral("MSComponent");
-const QString FileDragText = QStringLiteral("MSFileDir_");
 // The file view's key of a file: this, then the file's full path.
 const QString FileKeyPrefix = QStringLiteral("ID");
 

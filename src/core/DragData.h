@@ -4,6 +4,10 @@
 #include <QStringList>
 #include <optional>
 
+// The texts that a drag of a node of the tree, and of a file of the file view, begins with.
+inline const QString ComponentDragText = QStringLiteral("MSComponent");
+inline const QString FileDragText = QStringLiteral("MSFileDir_");
+
 // What a drag over the tree carries, as the control reads it: a text, a list of files from
 // the desktop (full paths), or nothing it knows.
 struct DragData

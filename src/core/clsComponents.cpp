@@ -234,6 +234,19 @@ clsComponent* clsComponents::FindPrinter(const QString& sPrinterName)
     return found;
 }
 
+QList<clsComponent*> clsComponents::Printers()
+{
+    QList<clsComponent*> printers;
+    forEachChild([&printers](TreeNode& child) {
+        if (child.isGroup())
+            printers += static_cast<clsComponents&>(child).Printers();
+        else
+            printers.append(static_cast<clsComponent*>(&child));
+        return true;
+    });
+    return printers;
+}
+
 TreeNode* clsComponents::Find(const QString& sID)
 {
     if (sID == m_sID)

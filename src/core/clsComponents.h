@@ -44,6 +44,8 @@ public:
     bool HasUI() const { return m_oDisplayComponent != nullptr; }
     void RestoreUI(const QString& sKeyName);
     clsComponent* FindPrinter(const QString& sPrinterName);
+    // The printers of this group and of every group below it, in the tree's order.
+    QList<clsComponent*> Printers();
     TreeNode* Find(const QString& sID);
     clsComponents* FindParent(const QString& sID);
     void Process() override;

@@ -1,6 +1,7 @@
 #include "dashboard/GroupUI.h"
 
 #include "core/AddInControl.h"
+#include "core/DragData.h"
 #include "core/Globals.h"
 #include "core/GroupHandler.h"
 #include "core/clsComponent.h"
@@ -30,19 +31,7 @@ constexpr int Margin = 8;
 constexpr int LeftButton = 1;
 constexpr int RightButton = 2;
 constexpr qint32 LargeIcon = 3;
-const QString DragText = QStringLiteral("MSComponent");
 
-// The printers of the tree below `group`, in the tree's order.
-void collectPrinters(clsComponents& group, QList<clsComponent*>& printers)
-{
-    for (qsizetype index = 1; index <= group.Count(); ++index) {
-        TreeNode* child = group.Item(index).get();
-        if (child->isGroup())
-            collectPrinters(static_cast<clsComponents&>(*child), printers);
-        else if (auto* printer = dynamic_cast<clsComponent*>(child))
-            printers.append(printer);
-    }
-}
 } // namespace
 
 GroupUI::GroupUI(QWidget* parent)
@@ -389,9 +378,9 @@ void GroupUI::mouseDoubleClickEvent(QMouseEvent* event)
 
 QString GroupUI::droppedId(const QMimeData& data)
 {
-    if (!data.hasText() || !data.text().startsWith(DragText))
+    if (!data.hasText() || !data.text().startsWith(ComponentDragText))
         return {};
-    const QString id = data.text().mid(DragText.size()).trimmed();
+    const QString id = data.text().mid(ComponentDragText.size()).trimmed();
     return IsPrinterId(id) ? id : QString();
 }
 
@@ -535,8 +524,7 @@ void GroupUI::mnuBtn_Replace_Click()
     const ctlShortcut* element = clickedShortcut();
     if (!element || !printerNode(element->tag()) || !g_oComponents)
         return;
-    QList<clsComponent*> printers;
-    collectPrinters(*g_oComponents, printers);
+    const QList<clsComponent*> printers = g_oComponents->Printers();
     auto* choice = new QMenu(this);
     choice->setObjectName(QStringLiteral("mnuReplaceWith"));
     choice->setAttribute(Qt::WA_DeleteOnClose);

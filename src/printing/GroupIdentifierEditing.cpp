@@ -1,24 +1,16 @@
 #include "printing/GroupIdentifierEditing.h"
 
+#include "core/clsComponent.h"
 #include "core/clsComponents.h"
 #include "printing/IIdentifierDialog.h"
 
 namespace {
 // The queue names of the printers in the group and in every group below it, in tree order.
-void collectPrinterNames(clsComponents& group, QStringList& names)
-{
-    for (const auto& child : group.Col().snapshot()) {
-        if (child->isGroup())
-            collectPrinterNames(static_cast<clsComponents&>(*child), names);
-        else
-            names.append(child->m_sName);
-    }
-}
-
 QStringList printerNames(clsComponents& group)
 {
     QStringList names;
-    collectPrinterNames(group, names);
+    for (const clsComponent* printer : group.Printers())
+        names.append(printer->m_sName);
     return names;
 }
 } // namespace

@@ -246,7 +246,7 @@ void PageTour::dropFile(const QString& itemText, const QString& fileName)
     }
     const QPoint point = item->treeWidget()->visualItemRect(item).center();
     const QString path = QDir(GetGlobalLBX().LBX_App().FileViewRootFolder()).filePath(fileName);
-    const DragData data{QStringLiteral("MSFileDir_ ID") + path, std::nullopt};
+    const DragData data{FileDragText + QStringLiteral(" ID") + path, std::nullopt};
     g_oAddIn->treePrinters_OLEDragDrop(data, float(point.x() * TwipsPerPixel),
                                        float(point.y() * TwipsPerPixel));
 }

@@ -1,5 +1,6 @@
 #include "printing/ui/FileViewControl.h"
 
+#include "core/DragData.h"
 #include "core/IconFiles.h"
 #include "drivers/Application.h"
 #include "printing/clsLBXHandler.h"
@@ -84,7 +85,7 @@ void FileViewControl::AddFoldersAndMessages(const QString& sPath, bool bTopLevel
 QString FileViewControl::dragTextAt(const QPoint& position) const
 {
     const QTreeWidgetItem* item = treeFileView->itemAt(position);
-    return item ? QLatin1String(DragPrefix) + item->data(0, KeyRole).toString() : QString();
+    return item ? FileDragText + QLatin1Char(' ') + item->data(0, KeyRole).toString() : QString();
 }
 
 bool FileViewControl::eventFilter(QObject* watched, QEvent* event)

@@ -20,8 +20,6 @@ public:
     // The item's image: 1 folder, 2 label set, 3 format.
     static constexpr int ImageRole = Qt::UserRole;
     static constexpr int KeyRole = Qt::UserRole + 1;
-    // The text a drag of an item carries, before its key.
-    static constexpr const char* DragPrefix = "MSFileDir_ ";
 
     explicit FileViewControl(QWidget* parent = nullptr);
 
