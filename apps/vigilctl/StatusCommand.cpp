@@ -10,9 +10,11 @@
 #include "services/ApplicationOptions.h"
 
 #include <QJsonDocument>
+#include <QLoggingCategory>
 
 namespace {
 const QString JsonFlag = QStringLiteral("--json");
+const QString TraceFlag = QStringLiteral("--trace");
 const QString CyclesOption = QStringLiteral("--cycles");
 constexpr int MostCycles = 1000;
 // Beyond the cycles themselves: time for the last rounds to end or time out.
@@ -26,7 +28,7 @@ StatusCommand::StatusCommand(const Console& console)
 QString StatusCommand::usage()
 {
     return QStringLiteral(
-        "Usage: vigilctl status [NAME] [--json] [--cycles N]\n"
+        "Usage: vigilctl status [NAME] [--json] [--cycles N] [--trace]\n"
         "\n"
         "Runs the monitor without a window on a copy of the store (the store itself is left\n"
         "as it is): loads the tree, meets the queues, polls N cycles (default 1) at the\n"
@@ -46,12 +48,17 @@ QString StatusCommand::usage()
         "Exit codes, as the first line says: 0 OK, every enabled printer is good; 1 WARNING,\n"
         "the worst is a warning; 2 CRITICAL, the worst is a fault, a busy port or no answer;\n"
         "3 UNKNOWN, the check could not run (no store, no such NAME, a bad command line).\n"
-        "A disabled printer is counted but makes nothing worse.\n");
+        "A disabled printer is counted but makes nothing worse.\n"
+        "\n"
+        "With --trace, every byte sent to a printer and every fragment received goes to\n"
+        "standard error as it passes, one line each: time, queue, > sent or < received, the\n"
+        "bytes in hex and as text (the logging rule vigil.wire.debug=true does the same for\n"
+        "the window).\n");
 }
 
 int StatusCommand::run(const QStringList& words)
 {
-    const CommandLine line(words, {JsonFlag}, {CyclesOption});
+    const CommandLine line(words, {JsonFlag, TraceFlag}, {CyclesOption});
     if (line.wantsHelp()) {
         m_console.out << usage();
         return ExitDone;
@@ -64,6 +71,8 @@ int StatusCommand::run(const QStringList& words)
     if (!ok || cycles < 1 || cycles > MostCycles)
         return unknown(
             QStringLiteral("status: --cycles takes a number from 1 to %1").arg(MostCycles));
+    if (line.has(TraceFlag))
+        QLoggingCategory::setFilterRules(QStringLiteral("vigil.wire.debug=true"));
     return check(cycles, line.positional().value(0), line.has(JsonFlag));
 }
 

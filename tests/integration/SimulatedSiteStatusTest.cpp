@@ -62,10 +62,18 @@ TEST_F(SimulatedSiteStatusTest, AFileListInTwoPiecesKeepsTheCoderHealthy)
              QStringLiteral(R"("files": "%1", "fragment": 128, "gap": 80)")
                  .arg(names.join(QLatin1Char(',')))}},
            {"Silent", {"c-series", 2100, R"("silent": true)"}}});
-    const Outcome status = vigilctl({"status", "--cycles", "2"});
+    const Outcome status = vigilctl({"status", "--cycles", "2", "--trace"});
     EXPECT_TRUE(status.out.contains("  Split: 1 good, ")) << status.out.toStdString();
     EXPECT_TRUE(status.out.contains("  Silent: 0 no answer, ")) << status.out.toStdString();
     EXPECT_EQ(status.code, 2);
+    // The trace: each question, and each piece of a reply as it came.
+    static const QRegularExpression asked(
+        QStringLiteral("^vigil\\.wire: \\d\\d:\\d\\d:\\d\\d\\.\\d{3} Split > 0e  \\|\\.\\|$"),
+        QRegularExpression::MultilineOption);
+    EXPECT_TRUE(asked.match(status.err).hasMatch()) << status.err.toStdString();
+    EXPECT_GE(status.err.count(QStringLiteral(" Split < ")), 4);
+    EXPECT_TRUE(status.err.contains(QStringLiteral(" Silent > 0e")));
+    EXPECT_FALSE(status.err.contains(QStringLiteral(" Silent < ")));
 }
 
 TEST_F(SimulatedSiteStatusTest, AlarmsAndErrorCodesShowWithTheirText)

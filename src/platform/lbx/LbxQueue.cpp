@@ -5,6 +5,7 @@
 #include "platform/lbx/LbxPrintJob.h"
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/TransportFactory.h"
+#include "platform/lbx/WireTrace.h"
 #include "services/VigilError.h"
 
 LbxQueue::LbxQueue(const QueueRecord& record, QObject* parent)
@@ -50,11 +51,13 @@ void LbxQueue::reconfigure(const QueueRecord& record)
 
 void LbxQueue::SendData(const QByteArray& data)
 {
+    TraceWire(m_record.name, WireDirection::Sent, data);
     m_transport->send(data);
 }
 
 void LbxQueue::deliver(const QByteArray& bytes)
 {
+    TraceWire(m_record.name, WireDirection::Received, bytes);
     bool floodBegan = false;
     const QByteArray admitted = m_floodGuard.admit(bytes, m_clock.elapsed(), floodBegan);
     if (floodBegan)

@@ -1,5 +1,7 @@
 #include "platform/lbx/PrintFeed.h"
 
+#include "platform/lbx/WireTrace.h"
+
 #include <QTimer>
 
 PrintFeed::PrintFeed(QString queue, std::shared_ptr<PrintSpool> spool, QObject* parent)
@@ -72,6 +74,7 @@ void PrintFeed::sendNextCopy()
     if (job->sent < job->quantity) {
         if (std::exchange(m_started, job->id) != job->id)
             emit progress(item, Sending, details(*job));
+        TraceWire(m_queue, WireDirection::Sent, job->data);
         m_transport->send(job->data);
         if (!m_spool->copySent(job->id)) {
             emit note(
