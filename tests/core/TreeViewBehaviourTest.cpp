@@ -268,11 +268,11 @@ TEST_F(TreeViewBehaviourTest, PrintersMoveBetweenGroupsByDrag)
     EXPECT_TRUE(storedChildren("Printers\\GPLine2").contains(filler));
 
     // A group drags, but nothing takes it; a foreign text neither.
-    DragData groupDrag{QStringLiteral("MSComponent GPLine2")};
+    DragData groupDrag{QStringLiteral("MSComponent GPLine2"), std::nullopt};
     effect = -1;
     m_control->treePrinters_OLEDragOver(groupDrag, effect, 10, 30, DragOver);
     EXPECT_EQ(effect, DropEffectNone);
-    DragData foreign{QStringLiteral("hello")};
+    DragData foreign{QStringLiteral("hello"), std::nullopt};
     effect = -1;
     m_control->treePrinters_OLEDragOver(foreign, effect, 10, 30, DragOver);
     EXPECT_EQ(effect, DropEffectNone);
