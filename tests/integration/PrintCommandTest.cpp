@@ -18,21 +18,22 @@ TEST_F(PrintCommandTest, AFormatReachesTheLabelPrinterWithItsValuesAndBadRequest
     const Outcome coder = vigilctl({"print", format.fileName(), "--queue", "Coder"});
     EXPECT_EQ(coder.code, 1);
     EXPECT_TRUE(coder.err.contains("was made for another printer type")) << coder.err.toStdString();
-    EXPECT_EQ(vigilctl({"print", format.fileName(), "--queue", "Labeller", "--set", "Batch=1"}).code,
-              2);
+    EXPECT_EQ(
+        vigilctl({"print", format.fileName(), "--queue", "Labeller", "--set", "Batch=1"}).code, 2);
     EXPECT_EQ(
         vigilctl({"print", format.fileName(), "--queue", "Labeller", "--set", "Lot=L000001"}).code,
         2);
 
-    const Outcome printed = vigilctl(
-        {"print", format.fileName(), "--queue", "Labeller", "--set", "lot=L0042", "--quantity", "2"});
+    const Outcome printed = vigilctl({"print", format.fileName(), "--queue", "Labeller", "--set",
+                                      "lot=L0042", "--quantity", "2"});
     EXPECT_EQ(printed.code, 0) << printed.err.toStdString();
     QStringList labels;
     while (labels.size() < 2 && m_simulator.waitForReadyRead(5000))
         while (m_simulator.canReadLine())
             labels.append(QString::fromUtf8(m_simulator.readLine()).trimmed());
     EXPECT_EQ(labels, (QStringList{"Labeller: label 1: L0042 | Best before",
-                                   "Labeller: label 2: L0042 | Best before"}));
+                                   "Labeller: label 2: L0042 | Best before"}))
+        << labels.join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(vigilctl({"jobs"}).out.count('\n'), 1); // the heading: nothing is left
 }
 } // namespace

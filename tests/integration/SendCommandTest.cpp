@@ -43,6 +43,7 @@ TEST_F(SendCommandTest, AnAssignedFormatReachesItsPrinterAndASendTheTreeRefusesS
         while (m_simulator.canReadLine())
             labels.append(QString::fromUtf8(m_simulator.readLine()).trimmed());
     // Only the send's label: the refused sends gave the printer nothing.
-    EXPECT_EQ(labels, QStringList{"Labeller: label 1: L0042"});
+    EXPECT_EQ(labels, QStringList{"Labeller: label 1: L0042"})
+        << labels.join(QLatin1Char('\n')).toStdString();
 }
 } // namespace
