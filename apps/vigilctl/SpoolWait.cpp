@@ -2,6 +2,7 @@
 
 #include "drivers/Queue.h"
 #include "drivers/Queues.h"
+#include "platform/lbx/LbxQueue.h"
 #include "services/EventLoopWait.h"
 
 namespace {
@@ -21,12 +22,16 @@ SpoolWait::SpoolWait(Queues& queues)
 
 bool SpoolWait::untilSent()
 {
+    // Taken by the printer: out of the spool, and out of the program's own write buffers,
+    // which go when the program ends.
     return TurnEventLoopUntil(
         [this] {
-            qint32 pending = 0;
-            for (Queue* queue : m_queues.List())
-                pending += queue->PendingItems();
-            return pending == 0;
+            for (Queue* queue : m_queues.List()) {
+                const auto* wire = qobject_cast<LbxQueue*>(queue);
+                if (queue->PendingItems() > 0 || (wire && !wire->wireDrained()))
+                    return false;
+            }
+            return true;
         },
         SendWaitMs);
 }

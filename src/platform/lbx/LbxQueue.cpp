@@ -69,6 +69,11 @@ void LbxQueue::deliver(const QByteArray& bytes)
         emit DataReceived(admitted);
 }
 
+bool LbxQueue::wireDrained() const
+{
+    return !m_transport || m_transport->bytesToWrite() == 0;
+}
+
 void LbxQueue::ShowPrinterProperties()
 {
     IQueueDialogs::process().showProperties(m_record, reachability());

@@ -45,6 +45,8 @@ public:
     const Transport& transport() const { return *m_transport; }
     // "connected", or why the wire is down.
     QString reachability() const;
+    // Whether everything sent has left for the printer, so that the program may end.
+    bool wireDrained() const;
 
 private:
     void attachTransport();

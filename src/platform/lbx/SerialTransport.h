@@ -15,6 +15,7 @@ public:
     ~SerialTransport() override;
 
     void send(const QByteArray& bytes) override;
+    qint64 bytesToWrite() const override { return m_port.bytesToWrite(); }
 
 private:
     void tryToConnect() override;

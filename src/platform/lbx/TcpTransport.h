@@ -17,6 +17,7 @@ public:
     ~TcpTransport() override;
 
     void send(const QByteArray& bytes) override;
+    qint64 bytesToWrite() const override { return m_socket.bytesToWrite(); }
 
 private:
     void tryToConnect() override;

@@ -19,6 +19,9 @@ public:
 
     virtual void open() = 0;
     virtual void send(const QByteArray& bytes) = 0;
+    // Bytes handed to send() that haven't reached the system yet: a program that ends before
+    // they do loses them.
+    virtual qint64 bytesToWrite() const { return 0; }
 
     State state() const { return m_state; }
     // Why the wire is down, or empty while it is up.
