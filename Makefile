@@ -60,7 +60,7 @@ bench: build
 	$(BUILD)/bin/bench_queues
 	$(BUILD)/bin/bench_spool
 	$(BUILD)/bin/bench_window
-	bench/sim-load $(BUILD) c-series 2100
+	PRINTERS=2000 bench/sim-load $(BUILD) c-series 2100
 	bench/sim-load $(BUILD) a-series 2011
 	bench/sim-load $(BUILD) avery 123
 
