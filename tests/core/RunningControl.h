@@ -7,8 +7,6 @@
 #include "services/SettingsAccess.h"
 #include "support/FakeApplication.h"
 
-#include <QMap>
-
 // A page that records how the control set it up.
 class RecordingPage : public IPage
 {
@@ -38,27 +36,23 @@ protected:
     {
         TreeFixture::SetUp();
         g_oComponents.reset();
-        const QMap<int, QByteArray> messages{
-            {2, "The top group can't be deleted."},
-            {4, "Not every printer has a file."},
-            {5, "Not a file for this"},
-            {6, "These printers have a file: %1"},
-            {7, "These printers are in another group: %1"},
-            {8, "A group of that name is already there."},
-            {12, "this user"},
-            {21, "New Group"},
-            {22, "Delete %1?"},
-            {23, "All Printers"},
-            {34, "%1 is made for another printer type."},
-            {392, "%1 may not change the printers."},
-            {404, "<none>"},
-            {426, "Rename"},
-            {430, "Printer properties..."},
-        };
-        QByteArray catalogue;
-        for (int line = 1; line <= 430; ++line)
-            catalogue += messages.value(line) + '\n';
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        writeCatalogue(430, {
+                                {2, "The top group can't be deleted."},
+                                {4, "Not every printer has a file."},
+                                {5, "Not a file for this"},
+                                {6, "These printers have a file: %1"},
+                                {7, "These printers are in another group: %1"},
+                                {8, "A group of that name is already there."},
+                                {12, "this user"},
+                                {21, "New Group"},
+                                {22, "Delete %1?"},
+                                {23, "All Printers"},
+                                {34, "%1 is made for another printer type."},
+                                {392, "%1 may not change the printers."},
+                                {404, "<none>"},
+                                {426, "Rename"},
+                                {430, "Printer properties..."},
+                            });
         m_application->administrator = true;
         InstallApplicationFactory([this] { return m_application; });
         for (const QString& page : {PrinterPage, DashboardPage})

@@ -7,17 +7,12 @@ protected:
     void SetUp() override
     {
         TreeFixture::SetUp();
-        QByteArray catalogue;
-        for (int line = 1; line <= 30; ++line)
-            catalogue += line == 23 ? "All Printers\n" : "\n";
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        writeCatalogue(30, {{23, "All Printers"}});
     }
 
     static QVariant stored(const QString& key, const QString& name)
     {
-        QVariant value;
-        const QString path = DefaultRootKey + QLatin1Char('\\') + key;
-        return ReadValue(HKEY_LOCAL_MACHINE, path, name, value) == 0 ? value : QVariant();
+        return storedValue(DefaultRootKey + QLatin1Char('\\') + key, name);
     }
 
     // A root loaded from the store as start-up loads it.

@@ -11,7 +11,7 @@ protected:
     void SetUp() override
     {
         HandlerFixture::SetUp();
-        writeMessages(20, {{9, "no answer %1 at %2"}});
+        writeCatalogue(20, {{9, "no answer %1 at %2"}});
         writeFile(QStringLiteral("MSGen/AveryErrors.txt"),
                   "01,0,Material low\n02,1,Ribbon end, replace the ribbon\n03,3,Odd one\n"
                   "0004,2,Head open\n");

@@ -1,5 +1,6 @@
 // The A-series frame and handler against frames written out by hand.
 
+#include "ASeriesFrames.h"
 #include "HandlerFixture.h"
 #include "drivers/clsASeriesMessage.h"
 #include "drivers/clsAlarms.h"
@@ -7,25 +8,6 @@
 #include "support/ScriptedConsole.h"
 
 namespace {
-QByteArray hex(const char* text)
-{
-    return QByteArray::fromHex(text);
-}
-
-// A reply frame of that id and type with that data, checksum and all.
-QByteArray reply(quint8 id, const QByteArray& data, qint32 type = 2)
-{
-    QByteArray frame = QByteArray("\x02\0\0\0\0", 5);
-    for (const int part :
-         {int(data.size() + 2) & 0xFF, int(data.size() + 2) >> 8, int(id), type << 5})
-        frame += char(part);
-    frame += data;
-    quint16 sum = 0;
-    for (const char byte : frame)
-        sum += quint8(byte);
-    return frame + char(sum & 0xFF) + char(sum >> 8);
-}
-
 TEST(ASeriesMessageTest, FramesAreBuiltAndReadByteForByte)
 {
     clsASeriesMessage message;
@@ -70,9 +52,9 @@ protected:
     void SetUp() override
     {
         HandlerFixture::SetUp();
-        writeMessages(400, {{9, "no answer to stage %1 sent at %2"},
-                            {255, "Request '%2' failed: %1"},
-                            {257, "not now"}});
+        writeCatalogue(400, {{9, "no answer to stage %1 sent at %2"},
+                             {255, "Request '%2' failed: %1"},
+                             {257, "not now"}});
         writeFile(QStringLiteral("MSGen/ASeriesAlerts.txt"),
                   "1\t0\tInk refill due\n2\t1\tSolvent low\n3\t2\tHigh voltage trip\n");
         ResetAlarmLookup();

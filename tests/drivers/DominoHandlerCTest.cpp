@@ -23,10 +23,10 @@ protected:
     void SetUp() override
     {
         HandlerFixture::SetUp();
-        writeMessages(260, {{9, "no answer to stage %1 sent at %2"},
-                            {115, "comms error %1"},
-                            {169, "ink low: %1 prints left"},
-                            {171, "the printer refused a command"}});
+        writeCatalogue(260, {{9, "no answer to stage %1 sent at %2"},
+                             {115, "comms error %1"},
+                             {169, "ink low: %1 prints left"},
+                             {171, "the printer refused a command"}});
         qputenv("LC_TIME", "en_GB.UTF-8");
     }
 

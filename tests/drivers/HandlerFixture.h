@@ -8,7 +8,6 @@
 #include "support/FakeClock.h"
 #include "support/ServicesFixture.h"
 
-#include <QMap>
 #include <functional>
 
 // A printer node on a fake application, with the clock at 06:30 on 22 November 2026.
@@ -30,15 +29,6 @@ protected:
         InstallApplicationFactory(nullptr);
         InstallClock(nullptr);
         ServicesFixture::TearDown();
-    }
-
-    // An English catalogue of `size` lines, empty but for `messages`.
-    void writeMessages(int size, const QMap<int, QByteArray>& messages) const
-    {
-        QByteArray catalogue;
-        for (int line = 1; line <= size; ++line)
-            catalogue += messages.value(line) + '\n';
-        writeMessageFile(QStringLiteral("en"), catalogue);
     }
 
     // A node on a queue of its own; `prepare` sees it before it makes its handler.

@@ -20,11 +20,8 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        QByteArray catalogue;
-        for (int line = 1; line <= 410; ++line)
-            catalogue += "message " + QByteArray::number(line) + " %1\n";
-        writeMessageFile(QStringLiteral("en"),
-                         catalogue.replace("message 407 %1", NotRunningText.toUtf8()));
+        writeCatalogue(
+            410, {{33, "message 33 %1"}, {34, "message 34 %1"}, {407, NotRunningText.toUtf8()}});
         InstallApplicationFactory([this]() -> std::shared_ptr<Application> {
             ++m_attaches;
             return m_running ? m_application : nullptr;
@@ -43,14 +40,6 @@ protected:
         ReleaseGlobalLBX();
         InstallApplicationFactory(nullptr);
         ServicesFixture::TearDown();
-    }
-
-    QStringList boxTexts() const
-    {
-        QStringList texts;
-        for (const IDialogs::Box& box : m_dialogs->boxes())
-            texts << box.text;
-        return texts;
     }
 
     std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
@@ -133,8 +122,9 @@ TEST_F(LbxHandlerTest, PrintMSFormatKeepsOnlyAJobOfTheRightType)
 
     EXPECT_EQ(lbx.PrintMSFormat(QStringLiteral("Missing"), 1, QStringLiteral("Line1"), 2001),
               nullptr);
-    EXPECT_EQ(boxTexts(), (QStringList{"message 34 Carton", "Cannot open /srv/labels/Missing.FMT",
-                                       "message 33 Missing"}));
+    EXPECT_EQ(m_dialogs->texts(),
+              (QStringList{"message 34 Carton", "Cannot open /srv/labels/Missing.FMT",
+                           "message 33 Missing"}));
 }
 
 TEST_F(LbxHandlerTest, ALabelSetGoesThroughTheDefaultQueueWithItsIdentifiers)
@@ -159,8 +149,8 @@ TEST_F(LbxHandlerTest, ALabelSetGoesThroughTheDefaultQueueWithItsIdentifiers)
     // The application refuses a set made for another group.
     EXPECT_EQ(lbx.PrintDAGLabelSet(QStringLiteral("/srv/sets/Other.LBS"), false), nullptr);
     EXPECT_EQ(lbx.PrintDAGLabelSet(QStringLiteral("/srv/sets/Gone.LBS"), false), nullptr);
-    EXPECT_EQ(boxTexts(), (QStringList{"Label Set is not valid for this group",
-                                       "Cannot open /srv/sets/Gone.LBS"}));
+    EXPECT_EQ(m_dialogs->texts(), (QStringList{"Label Set is not valid for this group",
+                                               "Cannot open /srv/sets/Gone.LBS"}));
     EXPECT_TRUE(m_dialogs->boxes()[0].title.startsWith(QStringLiteral("PrintDAGLabelSet - ")));
 }
 } // namespace

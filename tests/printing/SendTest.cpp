@@ -118,14 +118,6 @@ protected:
 
     clsComponent& printerNamed(const QString& name) { return *g_oComponents->FindPrinter(name); }
 
-    QStringList boxTexts() const
-    {
-        QStringList texts;
-        for (const auto& box : m_dialogs->boxes())
-            texts.append(box.text);
-        return texts;
-    }
-
     QList<std::shared_ptr<FakePrintJob>> jobsOf(const QString& queue)
     {
         return m_application->queues.find(queue)->jobs;
@@ -151,8 +143,9 @@ TEST_F(SendTest, AFormatGoesToAPrinterOfItsTypeAndALabelSetToTheGroupItNames)
     office.SetAssignedFile(QStringLiteral("Other.FMT"));
     office.SetAssignedFile(QStringLiteral("Line.LBS"));
     EXPECT_EQ(office.AssignedFilename(), QStringLiteral("Capper.FMT"));
-    EXPECT_EQ(boxTexts(), (QStringList{"/labels/Other.FMT is made for another printer type.",
-                                       "Not a file for this:\r\nLine.LBS"}));
+    EXPECT_EQ(m_dialogs->texts(),
+              (QStringList{"/labels/Other.FMT is made for another printer type.",
+                           "Not a file for this:\r\nLine.LBS"}));
 
     // The set names "capper" by name and "FILLER" through the group's identifiers.
     m_line->m_colGroupIdentifiers = GroupIdentifiers{{"FILLER", "filler"}};
@@ -179,7 +172,7 @@ TEST_F(SendTest, ALabelSetNamingABusyOrForeignPrinterIsRefusedOrAskedAbout)
     m_line->m_colGroupIdentifiers = GroupIdentifiers{{"FILLER", "office"}};
     m_line->SetAssignedFile(QStringLiteral("Line.LBS"));
     EXPECT_FALSE(m_line->FileAssigned());
-    EXPECT_EQ(boxTexts().last(), QStringLiteral("These printers have a file: \r\ncapper"));
+    EXPECT_EQ(m_dialogs->texts().last(), QStringLiteral("These printers have a file: \r\ncapper"));
 
     printerNamed(QStringLiteral("capper")).ClearAssignedFile();
     m_dialogs->answerNext(IDialogs::Answer::No);
@@ -187,7 +180,8 @@ TEST_F(SendTest, ALabelSetNamingABusyOrForeignPrinterIsRefusedOrAskedAbout)
     EXPECT_FALSE(m_line->FileAssigned());
     ASSERT_EQ(m_dialogs->boxes().last().buttons, IDialogs::Buttons::YesNo);
     EXPECT_TRUE(m_dialogs->boxes().last().secondIsDefault);
-    EXPECT_EQ(boxTexts().last(), QStringLiteral("These printers are in another group: \r\noffice"));
+    EXPECT_EQ(m_dialogs->texts().last(),
+              QStringLiteral("These printers are in another group: \r\noffice"));
     EXPECT_FALSE(printerNamed(QStringLiteral("office")).FileAssigned());
 
     m_dialogs->answerNext(IDialogs::Answer::Yes);
@@ -229,7 +223,7 @@ TEST_F(SendTest, APrinterWithoutAFileStopsTheSendAndACancelDropsEveryJob)
     forgetJobs();
     EXPECT_EQ(m_control->sendEngine().DoSendFilesToPrinters(QString()),
               SendEngine::Outcome::NotAllAssigned);
-    EXPECT_EQ(boxTexts().last(), QStringLiteral("Not every printer has a file."));
+    EXPECT_EQ(m_dialogs->texts().last(), QStringLiteral("Not every printer has a file."));
     EXPECT_TRUE(jobsOf(QStringLiteral("filler")).isEmpty());
     EXPECT_TRUE(printerNamed(QStringLiteral("filler")).FileAssigned());
 
@@ -317,10 +311,7 @@ TEST_F(SendTest, IdentifiersAreSavedWithTheGroupAndOutliveTheirPrinter)
     fresh->LoadState(QStringLiteral("Printers\\GP1"));
     EXPECT_EQ(fresh->m_colGroupIdentifiers, m_line->m_colGroupIdentifiers);
     EXPECT_TRUE(fresh->m_bUseAllPrinterForGroupID);
-    QVariant count;
-    ReadValue(HKEY_LOCAL_MACHINE, DefaultRootKey + QStringLiteral("\\Printers\\GP2"),
-              QStringLiteral("NoOfIdentifiers"), count);
-    EXPECT_EQ(count.toInt(), 0);
+    EXPECT_EQ(storedValue(DefaultRootKey + "\\Printers\\GP2", "NoOfIdentifiers").toInt(), 0);
     fresh->LoadState(QStringLiteral("Printers\\GP2"));
     ASSERT_TRUE(fresh->m_colGroupIdentifiers.has_value());
     EXPECT_TRUE(fresh->m_colGroupIdentifiers->isEmpty());

@@ -1,5 +1,13 @@
 #include "support/RecordingDialogs.h"
 
+QStringList RecordingDialogs::texts() const
+{
+    QStringList shown;
+    for (const Box& box : m_boxes)
+        shown.append(box.text);
+    return shown;
+}
+
 IDialogs::Answer RecordingDialogs::show(const Box& box)
 {
     m_boxes.append(box);

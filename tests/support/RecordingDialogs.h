@@ -3,6 +3,7 @@
 #include "services/IDialogs.h"
 
 #include <QList>
+#include <QStringList>
 #include <deque>
 
 // Keeps every box shown and answers from a script; with the script used up, it answers Ok,
@@ -14,6 +15,8 @@ public:
 
     void answerNext(Answer answer) { m_script.push_back(answer); }
     const QList<Box>& boxes() const { return m_boxes; }
+    // The text of every box shown, in order.
+    QStringList texts() const;
     void clear() { m_boxes.clear(); }
 
 private:

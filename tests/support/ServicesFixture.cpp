@@ -2,6 +2,7 @@
 
 #include "services/ApplicationOptions.h"
 #include "services/MessageCatalogue.h"
+#include "services/SettingsAccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,6 +37,24 @@ void ServicesFixture::TearDown()
 void ServicesFixture::writeMessageFile(const QString& code, const QByteArray& text) const
 {
     writeFile(QStringLiteral("MSG%1/Vigil.msg").arg(code), text);
+}
+
+void ServicesFixture::writeCatalogue(int size, const QMap<int, QByteArray>& messages,
+                                     const QByteArray& numbered) const
+{
+    QByteArray catalogue;
+    for (int line = 1; line <= size; ++line)
+        catalogue +=
+            messages.value(line, numbered.isEmpty() ? QByteArray()
+                                                    : numbered + QByteArray::number(line)) +
+            '\n';
+    writeMessageFile(QStringLiteral("en"), catalogue);
+}
+
+QVariant ServicesFixture::storedValue(const QString& key, const QString& name)
+{
+    QVariant value;
+    return ReadValue(HKEY_LOCAL_MACHINE, key, name, value) == 0 ? value : QVariant();
 }
 
 void ServicesFixture::writeFile(const QString& relativePath, const QByteArray& bytes) const

@@ -1,6 +1,7 @@
 // The A-series properties, alarms and print set-up pages against a real handler whose queue
 // is fed reply frames written out by hand.
 
+#include "drivers/ASeriesFrames.h"
 #include "drivers/HandlerFixture.h"
 #include "drivers/clsAlarms.h"
 #include "drivers/clsDominoHandlerA.h"
@@ -31,27 +32,6 @@ public:
     QList<bool> answers;
 };
 
-QByteArray hex(const char* text)
-{
-    return QByteArray::fromHex(text);
-}
-
-// A reply frame, "accepted", with its length and checksum.
-QByteArray reply(quint8 id, const QByteArray& data)
-{
-    const int length = int(data.size()) + 2;
-    QByteArray frame = hex("0200000000");
-    frame += char(length & 0xFF);
-    frame += char(length >> 8);
-    frame += char(id);
-    frame += char(0x40);
-    frame += data;
-    quint16 sum = 0;
-    for (const char byte : frame)
-        sum += quint8(byte);
-    return frame + char(sum & 0xFF) + char(sum >> 8);
-}
-
 QByteArray clockData(const QDateTime& when)
 {
     const QDate date = when.date();
@@ -74,7 +54,7 @@ protected:
         // The long time of this locale has a 12-hour clock and a time zone, both of which
         // the box must write and read back.
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-        writeMessages(300, {{276, "Please enter a valid time."}, {283, "Processing..."}});
+        writeCatalogue(300, {{276, "Please enter a valid time."}, {283, "Processing..."}});
         writeFile(QStringLiteral("MSGen/ASeriesAlerts.txt"),
                   "1\t0\tInk refill due\n3\t2\tHigh voltage trip, the head is switched off "
                   "until an engineer has checked the deflection plates\n");

@@ -21,14 +21,14 @@ protected:
     void SetUp() override
     {
         HandlerFixture::SetUp();
-        writeMessages(480, {{9, "no answer %1 at %2"},
-                            {102, "Name"},
-                            {465, "EPROM version"},
-                            {469, "&Start"},
-                            {472, "No format"},
-                            {473, "Format being received"},
-                            {474, "Format ready"},
-                            {475, "Error"}});
+        writeCatalogue(480, {{9, "no answer %1 at %2"},
+                             {102, "Name"},
+                             {465, "EPROM version"},
+                             {469, "&Start"},
+                             {472, "No format"},
+                             {473, "Format being received"},
+                             {474, "Format ready"},
+                             {475, "Error"}});
         writeFile(QStringLiteral("MSGen/AveryErrors.txt"),
                   "01,0,Material low\n02,1,Ribbon end, replace the ribbon\n");
         clsAveryErrorCodes::reset();

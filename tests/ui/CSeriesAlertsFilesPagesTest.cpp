@@ -1,17 +1,12 @@
-// The C-series alerts, files and logos tabs, and the two tabs that open the command test
-// console, against real handlers over fake queues.
+// The C-series alerts, files and logos tabs against real handlers over fake queues.
 
 #include "core/ErrorColours.h"
 #include "drivers/HandlerFixture.h"
-#include "drivers/clsDominoHandlerA.h"
 #include "drivers/clsDominoHandlerC.h"
-#include "pages/ctlDominoAPage2.h"
 #include "pages/ctlDominoCPage2.h"
 #include "pages/ctlDominoCPage3.h"
 #include "pages/ctlDominoCPage3_1.h"
-#include "pages/ctlDominoCPage5.h"
 #include "platform/qt/QtTreeView.h"
-#include "support/ScriptedConsole.h"
 #include "ui/WidgetApplication.h"
 
 #include <QBuffer>
@@ -51,18 +46,17 @@ protected:
     void SetUp() override
     {
         HandlerFixture::SetUp();
-        writeMessages(300, {{107, "The port is busy."},
-                            {108, "Wait for it."},
-                            {115, "comms error %1"},
-                            {168, "Ink OK"},
-                            {169, "Ink low: %1 prints left"},
-                            {170, "Bottle empty"},
-                            {171, "Refused (NAK)"},
-                            {172, "Comms OK"},
-                            {173, "Comms fault (SOH)"},
-                            {181, "Set"},
-                            {222, "Command Testing"},
-                            {283, "Processing..."}});
+        writeCatalogue(300, {{107, "The port is busy."},
+                             {108, "Wait for it."},
+                             {115, "comms error %1"},
+                             {168, "Ink OK"},
+                             {169, "Ink low: %1 prints left"},
+                             {170, "Bottle empty"},
+                             {171, "Refused (NAK)"},
+                             {172, "Comms OK"},
+                             {173, "Comms fault (SOH)"},
+                             {181, "Set"},
+                             {283, "Processing..."}});
         writeFile(QStringLiteral("Icons/InkOk.ico"), icon(Qt::green));
         writeFile(QStringLiteral("Icons/InkOut.ico"), icon(Qt::red));
         qputenv("LC_TIME", "en_GB.UTF-8");
@@ -287,39 +281,5 @@ TEST_F(CSeriesPagesTest, FilesShowCleanedButTheRawNameIsSelectedAndTheRowIsKept)
     EXPECT_EQ(list.currentRow(), -1);
     list.setCurrentRow(0);
     EXPECT_FALSE(set.isEnabled());
-}
-
-TEST_F(CSeriesPagesTest, TheSecureTabOpensTheCodersConsole)
-{
-    ScriptedConsole* console = nullptr;
-    ICommandConsole::installFactory([&console] {
-        auto made = std::make_unique<ScriptedConsole>();
-        console = made.get();
-        return made;
-    });
-    clsDominoHandlerC& handler = coder();
-    ctlDominoCPage5 page;
-    auto& start = ChildOf<QPushButton>(page, "cmdTest");
-    EXPECT_EQ(ChildOf<QGroupBox>(page, "fraCommandTest").title(),
-              QStringLiteral("Command Testing"));
-    EXPECT_FALSE(start.isEnabled());
-    page.Setup(QString(), &handler);
-    QTest::mouseClick(&start, Qt::LeftButton);
-    ASSERT_NE(console, nullptr);
-    EXPECT_TRUE(console->visible);
-    EXPECT_EQ(console->setup, std::make_tuple(false, true, false));
-    EXPECT_EQ(console->commands.size(), 18);
-
-    // The console's buttons reach this handler.
-    console->command = QByteArray("\x0E");
-    console->hooks.send();
-    EXPECT_EQ(sent(), QList<QByteArray>{"\x0E"});
-    // Ending the session drops the console, hooks and all: the hook runs from a copy.
-    const std::function<void()> end = console->hooks.end;
-    end();
-    EXPECT_EQ(handler.currentStage(), clsDominoHandlerC::StageIdle);
-    handler.FireCommandTest();
-    EXPECT_TRUE(sent().isEmpty());
-    ICommandConsole::installFactory(nullptr);
 }
 } // namespace

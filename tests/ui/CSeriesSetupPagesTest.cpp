@@ -1,12 +1,12 @@
 // The C-series general, printer set-up and interface set-up pages, and the shift editor
 // placed on the set-up page.
 
-#include "CSeriesPageFixture.h"
 #include "pages/ctlDominoCPage1.h"
 #include "pages/ctlDominoCPage1_1.h"
 #include "pages/ctlDominoCShift.h"
 #include "pages/ctlGeneralCSeriesPage.h"
 #include "platform/qt/ControlHelpers.h"
+#include "ui/PageFixture.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -19,36 +19,36 @@
 namespace {
 const QByteArray SetupList = QByteArrayLiteral("a,b,c,100,1000,x,4,0,0,1,1\xFE");
 
-class CSeriesSetupPagesTest : public CSeriesPageFixture
+class CSeriesSetupPagesTest : public PageFixture
 {
 protected:
     void SetUp() override
     {
-        CSeriesPageFixture::SetUp();
-        writeMessages({{82, "Send Now"},
-                       {131, "Name"},
-                       {132, "Port"},
-                       {136, "Please select a printer type."},
-                       {139, "0 - Not configured"},
-                       {140, "1 - Configured"},
-                       {144, "Printer Clock"},
-                       {148, "English"},
-                       {149, "German"},
-                       {150, "French"},
-                       {151, "Spanish"},
-                       {152, "Italian"},
-                       {153, "Dutch"},
-                       {154, "Portuguese"},
-                       {155, "Swedish"},
-                       {159, "Internal"},
-                       {160, "External"},
-                       {161, "Shaft encoder enabled"},
-                       {229, "Shift 1"},
-                       {230, "Shift 2"},
-                       {231, "Shift 3"},
-                       {232, "Shift 4"},
-                       {233, "%1: the start hour must be a number from 0 to 23."},
-                       {234, "%1: the start minute must be a number from 0 to 59."}});
+        PageFixture::SetUp();
+        writeCatalogue(260, {{82, "Send Now"},
+                             {131, "Name"},
+                             {132, "Port"},
+                             {136, "Please select a printer type."},
+                             {139, "0 - Not configured"},
+                             {140, "1 - Configured"},
+                             {144, "Printer Clock"},
+                             {148, "English"},
+                             {149, "German"},
+                             {150, "French"},
+                             {151, "Spanish"},
+                             {152, "Italian"},
+                             {153, "Dutch"},
+                             {154, "Portuguese"},
+                             {155, "Swedish"},
+                             {159, "Internal"},
+                             {160, "External"},
+                             {161, "Shaft encoder enabled"},
+                             {229, "Shift 1"},
+                             {230, "Shift 2"},
+                             {231, "Shift 3"},
+                             {232, "Shift 4"},
+                             {233, "%1: the start hour must be a number from 0 to 23."},
+                             {234, "%1: the start minute must be a number from 0 to 59."}});
     }
 
     // Types a shift into the editor's boxes.
@@ -69,16 +69,16 @@ TEST_F(CSeriesSetupPagesTest, TheGeneralPageIsRepeatableAndTellsTheFpgaAndAMissi
     ctlGeneralCSeriesPage page;
     page.Setup(QStringLiteral("Coder"), &handler);
     page.Setup(QStringLiteral("Coder"), &handler, QStringLiteral("10.0.4.21:9100"),
-               QStringLiteral("Coder (C6000)"), true, true);
+               QStringLiteral("Coder (friendly)"), true, true);
     auto& types = ChildOf<QComboBox>(page, "cboType");
     EXPECT_EQ(types.count(), 1);
-    EXPECT_EQ(types.currentText(), QStringLiteral("Coder (C6000)"));
+    EXPECT_EQ(types.currentText(), QStringLiteral("Coder (friendly)"));
     for (const char* fixed : {"txtName", "txtPort", "cboType"})
         EXPECT_FALSE(ChildOf<QWidget>(page, fixed).isEnabled()) << fixed;
     QString name, port, type;
     page.GetValues(name, port, type);
     EXPECT_EQ((QStringList{name, port, type}),
-              (QStringList{"Coder", "10.0.4.21:9100", "Coder (C6000)"}));
+              (QStringList{"Coder", "10.0.4.21:9100", "Coder (friendly)"}));
     EXPECT_EQ(ChildOf<QLabel>(page, "lblPort").text(), QStringLiteral("Port"));
     EXPECT_EQ(ChildOf<QLineEdit>(page, "txtFpgaStatus").text(),
               QStringLiteral("0 - Not configured"));

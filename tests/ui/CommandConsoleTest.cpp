@@ -26,18 +26,18 @@ protected:
     void SetUp() override
     {
         HandlerFixture::SetUp();
-        writeMessages(260, {{18, "Close"},
-                            {77, "Command"},
-                            {81, "Type"},
-                            {85, "Write"},
-                            {86, "Read"},
-                            {87, "Write accepted"},
-                            {92, "Header"},
-                            {93, "Data (hex)"},
-                            {94, "Data (text)"},
-                            {95, "Length"},
-                            {96, "Checksum"},
-                            {235, "Command 26"}});
+        writeCatalogue(260, {{18, "Close"},
+                             {77, "Command"},
+                             {81, "Type"},
+                             {85, "Write"},
+                             {86, "Read"},
+                             {87, "Write accepted"},
+                             {92, "Header"},
+                             {93, "Data (hex)"},
+                             {94, "Data (text)"},
+                             {95, "Length"},
+                             {96, "Checksum"},
+                             {235, "Command 26"}});
     }
 
     void TearDown() override
@@ -183,14 +183,16 @@ TEST_F(CommandConsoleTest, ACoderSendsTheChosenCommandAndItsReplyLandsInTheConso
     InstallCommandConsole();
     auto& coder = node<clsDominoHandlerC>(QStringLiteral("Coder"), 2100);
     ctlDominoCPage5 page;
-    page.Setup(QString(), &coder);
     auto& start = ChildOf<QPushButton>(page, "cmdTest");
+    EXPECT_FALSE(start.isEnabled()); // until the page has its printer
+    page.Setup(QString(), &coder);
     QPointer<frmCommandTest> window;
     whileConsoleOpen(start, [&](frmCommandTest& form) {
         window = &form;
         ctlCommands& commands = form.Cmd();
         EXPECT_EQ(ChildOf<QTreeWidget>(commands, "lstCmd").topLevelItemCount(), 18);
         EXPECT_FALSE(ChildOf<QListWidget>(commands, "lstType").isEnabled());
+        EXPECT_TRUE(ChildOf<QCheckBox>(commands, "chkShowAsText").isEnabled());
         choose(commands, 0);
         ChildOf<QPlainTextEdit>(commands, "txtData").setPlainText(QStringLiteral("AB"));
         click(ChildOf<QPushButton>(commands, "cmdSend"));

@@ -101,10 +101,7 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        QByteArray catalogue;
-        for (int line = 1; line <= 450; ++line)
-            catalogue += "text " + QByteArray::number(line) + '\n';
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        writeCatalogue(450, {}, "text ");
         LibraryStart();
         RegisterPages();
         PageFactory::registerClass(PrinterPage, [] { return std::make_unique<SizedPage>(); });

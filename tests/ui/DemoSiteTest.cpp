@@ -34,7 +34,7 @@ protected:
         for (const char* variable : {"VIGIL_STORE", "XDG_DATA_HOME"})
             m_saved.insert(variable, qgetenv(variable));
         qputenv("VIGIL_STORE", QFile::encodeName(userStorePath()));
-        writeMessageFile(QStringLiteral("en"), QByteArray(22, '\n') + "All Printers\n");
+        writeCatalogue(23, {{23, "All Printers"}});
     }
     void TearDown() override
     {
@@ -58,13 +58,6 @@ protected:
 
     QMap<QByteArray, QByteArray> m_saved;
 };
-
-QString settingOf(const QString& name)
-{
-    QVariant value;
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, LbxApplication::SettingsKey, name, value), 0);
-    return value.toString();
-}
 
 TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
 {
@@ -123,11 +116,7 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
     ApplicationOptions::process() = ApplicationOptions();
     EXPECT_EQ(GetPollInterval(), ApplicationOptions::MinPollInterval);
     EXPECT_GT(GetPrintsRemainingInkLowLimit(), 0);
-    QVariant administrators;
-    EXPECT_EQ(ReadValue(HKEY_LOCAL_MACHINE, LbxApplication::SettingsKey, "Administrators",
-                        administrators),
-              0);
-    EXPECT_EQ(administrators, QVariant(QString()));
+    EXPECT_EQ(storedValue(LbxApplication::SettingsKey, "Administrators"), QVariant(QString()));
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
     EXPECT_FALSE(QFile::exists(userStorePath()));
 }
@@ -135,9 +124,9 @@ TEST_F(DemoSiteTest, AFreshDemoHasBothLinesOfSimulatedPrintersOfEveryKind)
 TEST_F(DemoSiteTest, TheDemosLabelFolderHasAFormatForEachKindOfItsPrintersAndASetForLine1)
 {
     DemoSite::use(true);
-    const QString root = settingOf("LabelRootFolder");
+    const QString root = storedValue(LbxApplication::SettingsKey, "LabelRootFolder").toString();
     EXPECT_EQ(root, QDir(GetProgramFolder()).filePath("demo/labels"));
-    EXPECT_EQ(settingOf("FileViewRootFolder"), root);
+    EXPECT_EQ(storedValue(LbxApplication::SettingsKey, "FileViewRootFolder"), QVariant(root));
     // The fixture's program folder is a scratch one; the resources lie beside this program.
     const QDir folder(QCoreApplication::applicationDirPath() + "/demo/labels");
 
@@ -150,9 +139,9 @@ TEST_F(DemoSiteTest, TheDemosLabelFolderHasAFormatForEachKindOfItsPrintersAndASe
         EXPECT_TRUE(demoTypes.contains(format.printerType())) << file.toStdString();
         formatTypes.insert(format.printerType());
         // The label printers' formats pick a product from the demo's database.
-        const bool isLabel = PrinterFamily::of(format.printerType()) == PrinterFamily::Avery ||
-                             PrinterFamily::of(format.printerType()) ==
-                                 PrinterFamily::LocalLabelPrinter;
+        const bool isLabel =
+            PrinterFamily::of(format.printerType()) == PrinterFamily::Avery ||
+            PrinterFamily::of(format.printerType()) == PrinterFamily::LocalLabelPrinter;
         EXPECT_EQ(format.keys().size(), isLabel ? 1 : 0) << file.toStdString();
         for (const DatabaseKey& key : format.keys())
             EXPECT_TRUE(QFile::exists(key.DataSource)) << file.toStdString();

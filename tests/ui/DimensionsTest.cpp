@@ -1,8 +1,8 @@
 // The dimensions calculator: its figures, and the page that shows them for a coder.
 
-#include "CSeriesPageFixture.h"
 #include "pages/DimensionsCalculator.h"
 #include "pages/ctlDominoCPage4.h"
+#include "ui/PageFixture.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -18,10 +18,7 @@ const QByteArray SetupList = QByteArrayLiteral("a,b,c,100,1000,x,4,0,0,1,0\xFE")
 
 TEST(DimensionsCalculatorTest, TheFiguresComeOutAsTheCoderMakersGiveThem)
 {
-    EXPECT_EQ(GeneralFormat(Speed(3000, 100, true)), QStringLiteral("45.72"));
-    EXPECT_EQ(GeneralFormat(Speed(3000, 100, false)), QStringLiteral("150"));
-    EXPECT_EQ(FourDecimals(PhotocellDistance(1000, 100, true)), QStringLiteral("254.0000"));
-    EXPECT_EQ(FourDecimals(PhotocellDistance(1000, 100, false)), QStringLiteral("10.0000"));
+    // The speed and the photocell distance are checked as the page shows them.
     EXPECT_EQ(GeneralFormat(Width(300, true)), QStringLiteral("5548.63"));
     EXPECT_EQ(GeneralFormat(Width(300, false)), QStringLiteral("218.45"));
     EXPECT_EQ(GeneralFormat(ConvertUnits(150, FeetToMetres)), QStringLiteral("45.72"));
@@ -46,25 +43,25 @@ TEST(DimensionsCalculatorTest, AHeadIsItsTypeThenItsFrequencyInHundreds)
     }
 }
 
-class DimensionsPageTest : public CSeriesPageFixture
+class DimensionsPageTest : public PageFixture
 {
 protected:
     void SetUp() override
     {
-        CSeriesPageFixture::SetUp();
-        writeMessages({{188, "Right to left"},
-                       {190, "Normal"},
-                       {194, "Type 1"},
-                       {201, "100 dpi"},
-                       {208, "Implicit Values (metric)"},
-                       {209, "Implicit Values (imperial)"},
-                       {214, "ft/min"},
-                       {215, "m/min"},
-                       {216, "inches"},
-                       {217, "mm"}});
+        PageFixture::SetUp();
+        writeCatalogue(260, {{188, "Right to left"},
+                             {190, "Normal"},
+                             {194, "Type 1"},
+                             {201, "100 dpi"},
+                             {208, "Implicit Values (metric)"},
+                             {209, "Implicit Values (imperial)"},
+                             {214, "ft/min"},
+                             {215, "m/min"},
+                             {216, "inches"},
+                             {217, "mm"}});
     }
 
-    std::unique_ptr<ctlDominoCPage4> pageOf(clsDominoHandlerC& handler)
+    std::unique_ptr<ctlDominoCPage4> dimensionsPage(clsDominoHandlerC& handler)
     {
         auto page = std::make_unique<ctlDominoCPage4>();
         page->Setup(handler.m_sName, &handler);
@@ -95,7 +92,7 @@ TEST_F(DimensionsPageTest, TheCodersSetUpGivesTheFiguresInTheUnitsOfEachPrinter)
 {
     clsDominoHandlerC& line1 = coder(QStringLiteral("Line 1"));
     clsDominoHandlerC& line2 = coder(QStringLiteral("Line 2"));
-    auto page = pageOf(line1);
+    auto page = dimensionsPage(line1);
     answerRound(line1, statusReport({"Head 1 : 130"}), SetupList);
     EXPECT_EQ((QStringList{selected(*page, "cboDirection"), selected(*page, "cboOrientation"),
                            selected(*page, "cboType"), selected(*page, "cboDpi"),
@@ -114,26 +111,22 @@ TEST_F(DimensionsPageTest, TheCodersSetUpGivesTheFiguresInTheUnitsOfEachPrinter)
     ASSERT_TRUE(g_oComponents->FindPrinter("Line 1")->GetStoredSetting(
         ctlDominoCPage4::UnitsSetting, stored));
     EXPECT_EQ(stored, QStringLiteral("False"));
-    QVariant saved;
-    ASSERT_EQ(ReadValue(HKEY_LOCAL_MACHINE, DefaultRootKey + QStringLiteral("\\Printers\\ID1"),
-                        QStringLiteral("Ext.0.Value"), saved),
-              0);
-    EXPECT_EQ(saved, QVariant(QStringLiteral("False")));
+    EXPECT_EQ(storedValue(DefaultRootKey + "\\Printers\\ID1", "Ext.0.Value"), QVariant("False"));
     page.reset();
-    EXPECT_EQ(units(*pageOf(line1)).at(1), QStringLiteral("ft/min"));
-    EXPECT_EQ(units(*pageOf(line2)).at(1), QStringLiteral("m/min"));
+    EXPECT_EQ(units(*dimensionsPage(line1)).at(1), QStringLiteral("ft/min"));
+    EXPECT_EQ(units(*dimensionsPage(line2)).at(1), QStringLiteral("m/min"));
 
     // A flag that doesn't read is passed over.
     g_oComponents->FindPrinter("Line 2")->AddStoredSetting(ctlDominoCPage4::UnitsSetting,
                                                            QStringLiteral("maybe"));
-    EXPECT_EQ(units(*pageOf(line2)).at(1), QStringLiteral("m/min"));
+    EXPECT_EQ(units(*dimensionsPage(line2)).at(1), QStringLiteral("m/min"));
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
 }
 
 TEST_F(DimensionsPageTest, WhatTheListsDontHaveLeavesThemAndTheFiguresAreZeroWithoutAResolution)
 {
     clsDominoHandlerC& handler = coder(QStringLiteral("Coder"));
-    auto page = pageOf(handler);
+    auto page = dimensionsPage(handler);
     // Not read yet: resolution 0, head "000".
     EXPECT_EQ(ChildOf<QComboBox>(*page, "cboDpi").currentIndex(), -1);
     EXPECT_EQ(figures(*page), (QStringList{"0", "0.0000", "0"}));

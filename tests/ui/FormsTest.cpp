@@ -13,7 +13,6 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMap>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -34,19 +33,14 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        const QMap<int, QByteArray> texts{{30, "Between %1 and %2"}, {398, "Downloading"},
-                                          {399, "Complete"},         {400, "Printing"},
-                                          {401, "Waiting"},          {438, "Print Progress"}};
-        QByteArray lines;
-        for (int id = 1; id <= 444; ++id)
-            lines += texts.value(id, "m" + QByteArray::number(id)) + '\n';
-        writeMessageFile(QStringLiteral("en"), lines);
-    }
-
-    static QVariant stored(const QString& key, const QString& name)
-    {
-        QVariant value;
-        return ReadValue(HKEY_LOCAL_MACHINE, key, name, value) == 0 ? value : QVariant();
+        writeCatalogue(444,
+                       {{30, "Between %1 and %2"},
+                        {398, "Downloading"},
+                        {399, "Complete"},
+                        {400, "Printing"},
+                        {401, "Waiting"},
+                        {438, "Print Progress"}},
+                       "m");
     }
 
     static QRect screen(const QWidget& form) { return form.screen()->availableGeometry(); }
@@ -125,7 +119,7 @@ TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRangeAndSaves
         EXPECT_EQ(m_form->focusWidget(), m_field);
     }
     EXPECT_EQ(GetPollInterval(), 20000);
-    EXPECT_FALSE(stored(OptionsKey, "PollInterval").isValid());
+    EXPECT_FALSE(storedValue(OptionsKey, "PollInterval").isValid());
 
     m_dialogs->clear();
     m_field->setText(QStringLiteral("3.6")); // rounded into range
@@ -133,7 +127,7 @@ TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRangeAndSaves
     EXPECT_TRUE(m_dialogs->boxes().isEmpty());
     EXPECT_EQ(m_form->result(), QDialog::Accepted);
     EXPECT_FALSE(m_form->isVisible());
-    EXPECT_EQ(stored(OptionsKey, "PollInterval"), QVariant(4000));
+    EXPECT_EQ(storedValue(OptionsKey, "PollInterval"), QVariant(4000));
     EXPECT_EQ(GetPollInterval(), 4000);
 }
 
@@ -178,7 +172,7 @@ TEST_F(FormsTest, APlaceIsKeptOnlyWhileTheFormIsInsideTheScreenAndComesBack)
     for (const QPoint at : {QPoint(100, 80), QPoint(area.width() - 100, 80), QPoint(100, 0)}) {
         form.move(area.topLeft() + at);
         SaveFormPosition(form, "frmTest", Root);
-        EXPECT_EQ(stored(FormsKey, "frmTest"), QVariant(kept));
+        EXPECT_EQ(storedValue(FormsKey, "frmTest"), QVariant(kept));
     }
 
     form.move(area.topLeft() + QPoint(5, 5));
@@ -300,7 +294,7 @@ TEST_F(ProgressLogTest, ClosingHidesKeepingRowsAndPlaceAndClearEmpties)
     m_log->close();
     EXPECT_FALSE(m_log->isVisible());
     EXPECT_EQ(m_list->topLevelItemCount(), 1);
-    EXPECT_TRUE(stored(FormsKey, "frmDownloads").isValid());
+    EXPECT_TRUE(storedValue(FormsKey, "frmDownloads").isValid());
 
     m_log->move(inside + QPoint(10, 10));
     m_log->ShowMe();

@@ -23,10 +23,7 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        QByteArray lines;
-        for (int id = 1; id <= 462; ++id)
-            lines += "m" + QByteArray::number(id) + '\n';
-        writeMessageFile(QStringLiteral("en"), lines);
+        writeCatalogue(462, {}, "m");
         g_sNoPrinter = QStringLiteral("(No printer)");
     }
 

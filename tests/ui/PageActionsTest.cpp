@@ -1,20 +1,15 @@
 // What an operator does from a printer's pages reaches a simulated printer in this process,
 // and what the printer does then comes back to the page.
 
-#include "ui/PageFixture.h"
-
 #include "drivers/clsAveryHandler.h"
 #include "drivers/clsDominoHandlerA.h"
-#include "drivers/clsDominoHandlerC.h"
 #include "sim/ASeriesEngine.h"
 #include "sim/AveryEngine.h"
 #include "sim/CSeriesEngine.h"
 #include "support/EnginePump.h"
+#include "ui/PageFixture.h"
 
-#include <QCheckBox>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace {
@@ -67,52 +62,16 @@ protected:
     std::vector<std::unique_ptr<EnginePump>> m_pumps;
 };
 
-TEST_F(PageActionsTest, ACoderSelectsAMessageAndResetsItsCountFromItsPages)
+TEST_F(PageActionsTest, ACoderResetsItsCountFromItsPage)
 {
-    const Simulated coder = simulated("Filler", 2100, &CSeriesEngine::create,
-                                      "files=BATCH1,BATCH2,BESTBY&file=BATCH1&count=1520");
+    const Simulated coder = simulated("Filler", 2100, &CSeriesEngine::create, "count=1520");
     const auto& state = dynamic_cast<CSeriesEngine&>(coder.engine).state();
-    auto& files = ChildOf<QListWidget>(coder.frame, "lstFileList");
-    ASSERT_GE(files.count(), 3);
     EXPECT_EQ(ChildOf<QLineEdit>(coder.frame, "txtCount").text(), QStringLiteral("1520"));
-
-    files.setCurrentRow(2);
-    click(coder, "cmdSetMessage");
-    exchange(coder);
-    EXPECT_EQ(state.currentFile, QByteArray("BESTBY"));
-    poll(coder);
-    EXPECT_EQ(ChildOf<QLineEdit>(coder.frame, "txtCurrentFile").text(), QStringLiteral("BESTBY"));
 
     click(coder, "cmdReset");
     exchange(coder);
     EXPECT_EQ(state.printCount, 0);
     EXPECT_EQ(ChildOf<QLineEdit>(coder.frame, "txtCount").text(), QStringLiteral("0"));
-}
-
-TEST_F(PageActionsTest, ACoderErrorIsAcceptedAndACommsErrorClearedFromTheAlertsPage)
-{
-    const Simulated coder = simulated("Filler", 2100, &CSeriesEngine::create, "errors=2");
-    auto& handler = dynamic_cast<clsDominoHandlerC&>(coder.handler);
-    ChildOf<QCheckBox>(coder.frame, "chkGetErrorLog").click();
-    EXPECT_TRUE(handler.bCheckErrorLog());
-    poll(coder);
-    EXPECT_EQ(ChildOf<QListWidget>(coder.frame, "lstAlarm").count(), 2);
-    const QString alert = handler.HighestAlert();
-    ASSERT_FALSE(alert.isEmpty());
-    EXPECT_EQ(ChildOf<QPlainTextEdit>(coder.frame, "txtErrMsg").toPlainText(), alert);
-    click(coder, "cmdIgnoreErrLog");
-    poll(coder);
-    EXPECT_NE(handler.HighestAlert(), alert);
-
-    // A coder that refuses its logo list shows a comms error, which its strip clears.
-    const Simulated refusing = simulated("Refusing", 2100, &CSeriesEngine::create, "nak=24");
-    auto& refused = dynamic_cast<clsDominoHandlerC&>(refusing.handler);
-    ASSERT_NE(refused.CommsErrors(), 0);
-    auto& comms = ChildOf<QWidget>(refusing.frame, "cmdErrComms");
-    EXPECT_FALSE(comms.isHidden());
-    QTest::mouseClick(&comms, Qt::LeftButton);
-    EXPECT_EQ(refused.CommsErrors(), 0);
-    EXPECT_TRUE(comms.isHidden());
 }
 
 TEST_F(PageActionsTest, AnASeriesClockIsSetByApply)
@@ -149,7 +108,9 @@ TEST_F(PageActionsTest, AnAveryPrinterStartsStopsAndClearsFromItsPage)
 {
     const Simulated labeller = simulated("Labeller", 780, &AveryEngine::create, "labels=250");
     auto& handler = dynamic_cast<clsAveryHandler&>(labeller.handler);
-    const auto labels = [&] { return ChildOf<QLabel>(labeller.frame, "lblLabelsToPrintData").text(); };
+    const auto labels = [&] {
+        return ChildOf<QLabel>(labeller.frame, "lblLabelsToPrintData").text();
+    };
     EXPECT_EQ(labels(), QStringLiteral("250"));
 
     click(labeller, "cmdStart");

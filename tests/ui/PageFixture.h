@@ -4,6 +4,7 @@
 #include "core/PageFactory.h"
 #include "core/PresentTime.h"
 #include "core/TreeFixture.h"
+#include "drivers/clsDominoHandlerC.h"
 #include "pages/PageRegistry.h"
 #include "pages/PrinterFrame.h"
 #include "pages/SettingsWebLink.h"
@@ -16,13 +17,13 @@
 #include <QBuffer>
 #include <QImage>
 #include <QLabel>
-#include <QMap>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTest>
 
 // A tree of printers behind fake queues, with the window's pages registered: a node's page is
-// made as the pane makes it, set up by its node and shown.
+// made as the pane makes it, set up by its node and shown. A C-series coder's queue is answered
+// with replies written out by hand. The clock stands at 06:30 on 22 November 2026.
 class PageFixture : public TreeFixture
 {
 protected:
@@ -31,17 +32,13 @@ protected:
     void SetUp() override
     {
         TreeFixture::SetUp();
-        const QMap<int, QByteArray> messages{{9, "no answer to stage %1 sent at %2"},
-                                             {102, "Name"},
-                                             {103, "Port"},
-                                             {104, "Type"},
-                                             {112, "General"},
-                                             {121, "C general"},
-                                             {261, "A general"}};
-        QByteArray catalogue;
-        for (int line = 1; line <= 261; ++line)
-            catalogue += messages.value(line) + '\n';
-        writeMessageFile(QStringLiteral("en"), catalogue);
+        writeCatalogue(261, {{9, "no answer to stage %1 sent at %2"},
+                             {102, "Name"},
+                             {103, "Port"},
+                             {104, "Type"},
+                             {112, "General"},
+                             {121, "C general"},
+                             {261, "A general"}});
         QImage icon(32, 32, QImage::Format_ARGB32);
         icon.fill(Qt::darkCyan);
         QBuffer iconFile;
@@ -68,7 +65,7 @@ protected:
     // A printer of the tree behind a queue, with its icons added as the tree view adds them.
     clsComponent& printer(const QString& name, qint16 number, const QString& port = {})
     {
-        m_application->queues.add(name, number, port).friendlyName = name + " (friendly)";
+        m_application->queues.add(name, number, port);
         auto node = std::make_shared<clsComponent>();
         node->m_sID = QStringLiteral("ID%1").arg(g_oComponents->Count() + 1);
         node->m_sName = name;
@@ -76,6 +73,44 @@ protected:
         g_oComponents->AddComponent(node->m_sID, node);
         node->AddImages(*m_control->imlList(0), *m_control->imlList(3));
         return *node;
+    }
+
+    // A C-series coder of the tree on a queue of its own.
+    clsDominoHandlerC& coder(const QString& name)
+    {
+        return *qobject_cast<clsDominoHandlerC*>(
+            printer(name, 2100, QStringLiteral("10.0.4.21:9100")).GetComponent());
+    }
+
+    FakeQueue& queueOf(const ComponentHandler& handler) const
+    {
+        return *m_application->queues.find(handler.m_sName);
+    }
+
+    // What went out on the printer's queue since the last look.
+    QList<QByteArray> sent(const ComponentHandler& handler) const
+    {
+        return std::exchange(queueOf(handler).sent, {});
+    }
+
+    // A coder's status report of these fields, in the coder's own form.
+    static QByteArray statusReport(std::initializer_list<const char*> fields)
+    {
+        QByteArray reply;
+        for (const char* field : fields)
+            reply += QByteArray(field) + '\r';
+        return reply + '\xFE';
+    }
+
+    // A coder's poll round as far as the set-up list: the report, then the list. The rest of
+    // the round goes unanswered, and the next round starts afresh.
+    void answerRound(clsDominoHandlerC& handler, const QByteArray& status, const QByteArray& setup)
+    {
+        handler.ResetCurrentCommand();
+        handler.Process();
+        queueOf(handler).inject(status);
+        queueOf(handler).inject(setup);
+        sent(handler);
     }
 
     // The page the pane makes for the node, set up by the node and shown.
@@ -119,10 +154,7 @@ protected:
     {
         return ChildOf<QStackedWidget>(frame, nullptr).currentWidget();
     }
-    static QWidget& tabSheet(const QWidget& frame)
-    {
-        return *tabs(frame).parentWidget();
-    }
+    static QWidget& tabSheet(const QWidget& frame) { return *tabs(frame).parentWidget(); }
     static void clickTab(const QWidget& frame, int index)
     {
         QTabBar& bar = tabs(frame);

@@ -22,10 +22,7 @@ protected:
     void SetUp() override
     {
         ServicesFixture::SetUp();
-        QByteArray lines;
-        for (int id = 1; id <= 435; ++id)
-            lines += "m" + QByteArray::number(id) + '\n';
-        writeMessageFile(QStringLiteral("en"), lines);
+        writeCatalogue(435, {}, "m");
     }
 
     clsPrompt& edit(const QString& name, const QString& data, const QString& mask = {},
