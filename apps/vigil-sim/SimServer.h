@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-class QTcpServer;
-class QTcpSocket;
+class TcpListener;
+class Transport;
 
 // One simulated printer on a TCP port. Each client talks to a printer of its own, so that two
 // workstations polling the same address never get each other's replies. A printer outlives its
@@ -38,19 +38,18 @@ signals:
     void notice(const QString& line);
 
 private:
-    void acceptClients();
-    void serveClient(QTcpSocket* client, std::unique_ptr<SimPrinter> printer);
-    void dropClient(QTcpSocket* client);
+    void acceptClient(Transport* client);
+    void serveClient(Transport* client, std::unique_ptr<SimPrinter> printer);
+    void dropClient(Transport* client);
     // A printer no client holds, or a new one.
     std::unique_ptr<SimPrinter> takePrinter(QString& error);
-    void retryAccepting();
 
     QString m_name;
     QString m_kind;
     SimKnobs m_knobs;
     // A child, as are the clients: Qt cuts this object's connections before deleting its
     // children, so a client closing at shutdown never calls back into a half-destroyed server.
-    QTcpServer* m_server;
-    std::map<QTcpSocket*, std::unique_ptr<SimPrinter>> m_clients;
+    TcpListener* m_listener;
+    std::map<Transport*, std::unique_ptr<SimPrinter>> m_clients;
     std::vector<std::unique_ptr<SimPrinter>> m_idle;
 };

@@ -1,7 +1,7 @@
-#include "platform/lbx/FloodGuard.h"
 #include "platform/lbx/PortAddress.h"
-#include "platform/lbx/ReconnectDelay.h"
 #include "platform/lbx/UserRights.h"
+#include "platform/wire/FloodGuard.h"
+#include "platform/wire/ReconnectDelay.h"
 
 #include <gtest/gtest.h>
 

@@ -6,6 +6,7 @@
 #include "platform/lbx/PortAddress.h"
 #include "platform/lbx/TransportFactory.h"
 #include "platform/lbx/WireTrace.h"
+#include "platform/wire/FloodGuard.h"
 #include "services/VigilError.h"
 
 LbxQueue::LbxQueue(const QueueRecord& record, QObject* parent)
@@ -21,7 +22,6 @@ LbxQueue::LbxQueue(const QueueRecord& record, std::shared_ptr<PrintSpool> spool,
     connect(&m_feed, &PrintFeed::progress, this, &Queue::PrintItemStatusChanged);
     connect(&m_feed, &PrintFeed::failed, this, &Queue::Error);
     connect(&m_feed, &PrintFeed::note, this, &Queue::Message);
-    m_clock.start();
     attachTransport();
 }
 
@@ -31,6 +31,7 @@ void LbxQueue::attachTransport()
 {
     m_transport = CreateTransport(PortAddress::parse(m_record.portName));
     connect(m_transport.get(), &Transport::received, this, &LbxQueue::deliver);
+    connect(m_transport.get(), &Transport::errorOccurred, this, &LbxQueue::reportWireError);
     m_feed.setTransport(m_transport.get());
     m_transport->open();
 }
@@ -58,15 +59,17 @@ void LbxQueue::SendData(const QByteArray& data)
 void LbxQueue::deliver(const QByteArray& bytes)
 {
     TraceWire(m_record.name, WireDirection::Received, bytes);
-    bool floodBegan = false;
-    const QByteArray admitted = m_floodGuard.admit(bytes, m_clock.elapsed(), floodBegan);
-    if (floodBegan)
+    emit DataReceived(bytes);
+}
+
+void LbxQueue::reportWireError(WireError error)
+{
+    // A wire that goes down is the handler's business (its time-out); a flood is said here.
+    if (error == WireError::Flooded)
         emit Error(VigilError::Overflow,
                    QStringLiteral("%1 sends more than %2 bytes a second; the rest is dropped")
                        .arg(m_record.name)
                        .arg(FloodGuard::BytesPerSecond));
-    if (!admitted.isEmpty())
-        emit DataReceived(admitted);
 }
 
 bool LbxQueue::wireDrained() const

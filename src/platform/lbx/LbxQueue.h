@@ -1,12 +1,10 @@
 #pragma once
 
 #include "drivers/Queue.h"
-#include "platform/lbx/FloodGuard.h"
 #include "platform/lbx/PrintFeed.h"
 #include "platform/lbx/QueueRecord.h"
-#include "platform/lbx/Transport.h"
+#include "platform/wire/Transport.h"
 
-#include <QElapsedTimer>
 #include <memory>
 
 // One printer of the print application: the queue's settings and the wire its port name
@@ -51,11 +49,10 @@ public:
 private:
     void attachTransport();
     void deliver(const QByteArray& bytes);
+    void reportWireError(WireError error);
 
     QueueRecord m_record;
     std::unique_ptr<Transport> m_transport;
-    FloodGuard m_floodGuard;
-    QElapsedTimer m_clock;
     bool m_bReplyWanted = false;
     std::shared_ptr<PrintSpool> m_spool;
     PrintFeed m_feed;

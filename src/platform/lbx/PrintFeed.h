@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/lbx/PrintSpool.h"
-#include "platform/lbx/Transport.h"
+#include "platform/wire/Transport.h"
 
 #include <QObject>
 #include <QPointer>

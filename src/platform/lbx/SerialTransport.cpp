@@ -1,66 +1,25 @@
 #include "platform/lbx/SerialTransport.h"
 
+#include "platform/lbx/PortAddress.h"
+#include "platform/wire/SerialWire.h"
+#include "platform/wire/WireLoop.h"
+
 namespace {
-QSerialPort::Parity parityOf(PortAddress::Parity parity)
+SerialLine LineOf(const PortAddress& address)
 {
-    switch (parity) {
-    case PortAddress::Parity::Even:
-        return QSerialPort::EvenParity;
-    case PortAddress::Parity::Odd:
-        return QSerialPort::OddParity;
-    case PortAddress::Parity::None:
-        break;
-    }
-    return QSerialPort::NoParity;
+    SerialLine line;
+    line.device = address.device;
+    line.baud = address.baud;
+    line.dataBits = address.dataBits;
+    line.parity = address.parity == PortAddress::Parity::Even  ? SerialLine::Parity::Even
+                  : address.parity == PortAddress::Parity::Odd ? SerialLine::Parity::Odd
+                                                               : SerialLine::Parity::None;
+    line.stopBits = address.stopBits;
+    return line;
 }
 } // namespace
 
 SerialTransport::SerialTransport(const PortAddress& address, QObject* parent)
-    : ReconnectingTransport(parent)
-    , m_device(address.device)
-{
-    m_port.setPortName(address.device);
-    m_port.setBaudRate(address.baud);
-    m_port.setDataBits(QSerialPort::DataBits(address.dataBits));
-    m_port.setParity(parityOf(address.parity));
-    m_port.setStopBits(address.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
-    m_port.setFlowControl(QSerialPort::NoFlowControl);
-    connect(&m_port, &QSerialPort::readyRead, this, [this] { emit received(m_port.readAll()); });
-    connect(&m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
-        // An unplugged adapter is a resource error; the port must be closed and found again.
-        if (error == QSerialPort::ResourceError)
-            lostBecause(m_port.errorString());
-    });
-}
-
-SerialTransport::~SerialTransport()
-{
-    // A port going down tells of it; nobody here may hear that any more.
-    m_port.disconnect(this);
-}
-
-void SerialTransport::tryToConnect()
-{
-    release();
-    if (m_port.open(QIODevice::ReadWrite))
-        up();
-    else
-        lostBecause(m_port.errorString());
-}
-
-void SerialTransport::release()
-{
-    if (m_port.isOpen())
-        m_port.close();
-}
-
-void SerialTransport::lostBecause(const QString& reason)
-{
-    lost(QStringLiteral("%1: %2").arg(m_device, reason));
-}
-
-void SerialTransport::send(const QByteArray& bytes)
-{
-    if (state() == State::Connected)
-        m_port.write(bytes);
-}
+    : WireTransport(std::make_shared<SerialWire>(WireLoop::process().context(), LineOf(address)),
+                    parent)
+{}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/lbx/Transport.h"
+#include "platform/wire/Transport.h"
 
 #include <memory>
 

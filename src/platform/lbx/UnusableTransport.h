@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/lbx/Transport.h"
+#include "platform/wire/Transport.h"
 
 // The wire of a port name that names nothing usable: it never comes up, and says why.
 class UnusableTransport : public Transport

@@ -1,4 +1,4 @@
-#include "platform/lbx/FloodGuard.h"
+#include "platform/wire/FloodGuard.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/lbx/Transport.h"
+#include "platform/wire/Transport.h"
 
 void Transport::setState(State state, const QString& problem)
 {
@@ -7,4 +7,10 @@ void Transport::setState(State state, const QString& problem)
     m_state = state;
     m_problem = problem;
     emit stateChanged(state);
+}
+
+void Transport::reportError(WireError error, const QString& text)
+{
+    m_error = error;
+    emit errorOccurred(error, text);
 }

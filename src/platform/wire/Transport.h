@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/wire/WireError.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QString>
@@ -26,15 +28,22 @@ public:
     State state() const { return m_state; }
     // Why the wire is down, or empty while it is up.
     const QString& problem() const { return m_problem; }
+    // What went wrong last on the wire, None if nothing has.
+    WireError error() const { return m_error; }
 
 signals:
     void received(const QByteArray& bytes);
     void stateChanged(Transport::State state);
+    // Something went wrong on the wire: it went down (stateChanged tells it too), or it
+    // floods. `text` says it for a person.
+    void errorOccurred(WireError error, const QString& text);
 
 protected:
     void setState(State state, const QString& problem = {});
+    void reportError(WireError error, const QString& text);
 
 private:
     State m_state = State::Closed;
     QString m_problem;
+    WireError m_error = WireError::None;
 };

@@ -1,4 +1,4 @@
-#include "platform/lbx/ReconnectDelay.h"
+#include "platform/wire/ReconnectDelay.h"
 
 #include <algorithm>
 
