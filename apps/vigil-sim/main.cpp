@@ -1,6 +1,7 @@
 #include "Console.h"
 #include "MakeScenarioCommand.h"
 #include "ServeCommand.h"
+#include "services/LocalTimeZone.h"
 #include "sim/SimRegistry.h"
 
 #include <QCommandLineParser>
@@ -36,6 +37,7 @@ QString usage()
 
 int main(int argc, char* argv[])
 {
+    ReadLocalTimeZoneOnce();
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

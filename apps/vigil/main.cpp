@@ -3,12 +3,14 @@
 
 #include "platform/host/DesktopStart.h"
 #include "platform/host/MainWindow.h"
+#include "services/LocalTimeZone.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 
 int main(int argc, char* argv[])
 {
+    ReadLocalTimeZoneOnce();
     QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Korvex Vigil"));
 

@@ -7,6 +7,7 @@
 #include "SendCommand.h"
 #include "StatusCommand.h"
 #include "StoreCommand.h"
+#include "services/LocalTimeZone.h"
 
 #include <QCoreApplication>
 
@@ -38,6 +39,7 @@ QString usage()
 
 int main(int argc, char* argv[])
 {
+    ReadLocalTimeZoneOnce();
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
