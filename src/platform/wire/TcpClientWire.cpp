@@ -57,9 +57,11 @@ void TcpClientWire::tryToConnect()
 void TcpClientWire::connectTo(const asio::ip::tcp::resolver::results_type& endpoints)
 {
     m_bTimedOut = false;
+    m_bConnecting = true;
     m_connectTimer.expires_after(std::chrono::milliseconds(ConnectTimeoutMs));
     m_connectTimer.async_wait([self = self()](const std::error_code& code) {
-        if (code || self->closed())
+        // A time-out that was due as the connection came is too late.
+        if (code || self->closed() || !self->m_bConnecting)
             return;
         self->m_bTimedOut = true;
         std::error_code ignored;
@@ -70,6 +72,7 @@ void TcpClientWire::connectTo(const asio::ip::tcp::resolver::results_type& endpo
         [self = self()](const std::error_code& code, const asio::ip::tcp::endpoint&) {
             if (self->closed())
                 return;
+            self->m_bConnecting = false;
             self->m_connectTimer.cancel();
             if (code) {
                 self->attemptFailed(self->m_bTimedOut ? std::make_error_code(std::errc::timed_out)

@@ -31,6 +31,7 @@ private:
     quint16 m_port;
     asio::ip::tcp::resolver m_resolver;
     asio::steady_timer m_connectTimer;
+    bool m_bConnecting = false;
     bool m_bTimedOut = false;
     RetryTimer m_retry;
 };
