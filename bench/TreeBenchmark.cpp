@@ -5,6 +5,7 @@
 #include "core/MemoryContextMenus.h"
 #include "core/MemoryPagePane.h"
 #include "core/MemoryTreeView.h"
+#include "core/SiteTally.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
 #include "printing/clsLBXHandler.h"
@@ -130,6 +131,37 @@ void BM_UpdateStatus(benchmark::State& state)
         printer->GetComponent()->RaiseStatusChanged(false);
 }
 BENCHMARK(BM_UpdateStatus)->Unit(benchmark::kMicrosecond);
+
+// The walk that follows printers coming or going: once per turn of the event loop at most.
+void BM_RecountSite(benchmark::State& state)
+{
+    Site site(Groups * PrintersPerGroup);
+    site.startInGroups();
+    SiteTally tally([] { return g_oComponents.get(); });
+    for (auto _ : state)
+        tally.recount();
+    if (tally.counts().printers() != Groups * PrintersPerGroup)
+        state.SkipWithError("not every printer counted");
+}
+BENCHMARK(BM_RecountSite)->Unit(benchmark::kMicrosecond);
+
+// One printer changing state with the site's counts following it: no walk.
+void BM_StateChangeCounted(benchmark::State& state)
+{
+    Site site(Groups * PrintersPerGroup);
+    site.startInGroups();
+    SiteTally tally([] { return g_oComponents.get(); });
+    tally.recount();
+    auto* printer = g_oComponents->FindPrinter(QStringLiteral("New 1999"));
+    bool disabled = false;
+    for (auto _ : state) {
+        disabled = !disabled;
+        printer->setDisabled(disabled);
+    }
+    if (tally.counts().count(StateDisabled) != (disabled ? 1 : 0))
+        state.SkipWithError("the change was not counted");
+}
+BENCHMARK(BM_StateChangeCounted)->Unit(benchmark::kMicrosecond);
 } // namespace
 
 BENCHMARK_MAIN();

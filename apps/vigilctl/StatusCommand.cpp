@@ -2,10 +2,10 @@
 
 #include "HeadlessMonitor.h"
 #include "PollWatch.h"
-#include "StateCounts.h"
 #include "StatusReport.h"
 #include "StoreGate.h"
 #include "core/Globals.h"
+#include "core/StateCounts.h"
 #include "core/clsComponents.h"
 #include "services/ApplicationOptions.h"
 

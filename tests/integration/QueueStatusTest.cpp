@@ -1,9 +1,9 @@
 // The print application's queues and the headless monitor, as an administrator drives them
 // with vigilctl.
 
-#include "StateCounts.h"
 #include "StatusReport.h"
 #include "core/ErrorColours.h"
+#include "core/StateCounts.h"
 #include "core/TreeFixture.h"
 #include "integration/VigilctlFixture.h"
 

@@ -6,6 +6,7 @@
 #include "core/clsComponents.h"
 #include "drivers/Application.h"
 #include "pages/PrinterFrame.h"
+#include "platform/host/MainWindow.h"
 #include "platform/qt/TreeWidget.h"
 #include "platform/qt/Twips.h"
 #include "printing/GroupIdentifierEditing.h"
@@ -14,10 +15,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
-#include <QMainWindow>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <cstdio>
 
@@ -40,7 +41,7 @@ void fail(const QString& why)
 }
 } // namespace
 
-PageTour::PageTour(QMainWindow& window, const QDir& out)
+PageTour::PageTour(MainWindow& window, const QDir& out)
     : m_window(window)
     , m_out(out)
 {}
@@ -72,6 +73,13 @@ void PageTour::start()
     then(SettleMs, [this] { openConsole(); });
     then(SettleMs, [this] { visitGroup(DashboardGroup); });
     then(SettleMs, [this] { save(m_window, QStringLiteral("dashboard.png")); });
+    then(0, [this] { selectWorstTrouble(); });
+    then(SettleMs, [this] { photographStatusBar(QStringLiteral("statusbar.png")); });
+    then(0, [this] {
+        g_oAddIn->DoDisablePolling();
+        m_window.updateCommands();
+    });
+    then(SettleMs, [this] { photographStatusBar(QStringLiteral("statusbar-polling-off.png")); });
     then(0, [] { QApplication::exit(0); });
     next();
 }
@@ -208,6 +216,25 @@ void PageTour::photographConsole()
         close->click();
     else
         console->close();
+}
+
+// As an operator would: the status bar's button of the worst trouble there is.
+void PageTour::selectWorstTrouble()
+{
+    const std::optional<ErrorState> worst = m_window.glance().tally().counts().worstTrouble();
+    if (!worst) {
+        fail(QStringLiteral("no printer of the demo is in trouble"));
+        m_failed = true;
+        return;
+    }
+    m_window.glance().bar().button(*worst)->click();
+}
+
+// The window's title is drawn by the desktop, not in the picture: it goes to the output.
+void PageTour::photographStatusBar(const QString& fileName)
+{
+    std::printf("title: %s\n", qPrintable(m_window.windowTitle()));
+    save(m_window, fileName);
 }
 
 void PageTour::save(QWidget& widget, const QString& fileName)

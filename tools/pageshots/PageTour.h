@@ -4,7 +4,7 @@
 #include <QObject>
 #include <functional>
 
-class QMainWindow;
+class MainWindow;
 class QTreeWidgetItem;
 class TreeNode;
 class QWidget;
@@ -15,13 +15,14 @@ class QWidget;
 // command sent and its reply photographed; on the way the file view, label files dropped on
 // the tree, the send of "Line 1" with its prompt form and the progress log, and the
 // identifiers of "Line 1"; and last the dashboard of the first line, once its printers have
-// changed state. Quits the application at the end.
+// changed state; at the end the status bar's count of the worst trouble pressed, with polling
+// on and then off. Quits the application at the end.
 class PageTour : public QObject
 {
     Q_OBJECT
 
 public:
-    PageTour(QMainWindow& window, const QDir& out);
+    PageTour(MainWindow& window, const QDir& out);
 
     void start();
 
@@ -43,10 +44,12 @@ private:
     void sendLine();
     void photographProgress();
     void openIdentifiers();
+    void selectWorstTrouble();
+    void photographStatusBar(const QString& fileName);
     void save(QWidget& widget, const QString& fileName);
     QWidget* shownFrame() const;
 
-    QMainWindow& m_window;
+    MainWindow& m_window;
     QDir m_out;
     QList<std::pair<int, Step>> m_steps;
     bool m_failed = false;

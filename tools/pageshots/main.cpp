@@ -2,12 +2,15 @@
 // by page once its printers have run for SECONDS (default 20): every tab of every kind of
 // printer's frame as <frame>-<tab key>.png, the command test console with a reply as
 // console.png, the file view as fileview.png, the prompt form of the demo's formats as
-// prompts.png, the identifiers dialog of the first group as identifiers.png and the dashboard
-// of Line 1 as dashboard.png. Exits 1 when a page can't be found or a picture can't be written.
+// prompts.png, the identifiers dialog of the first group as identifiers.png, the dashboard of
+// Line 1 as dashboard.png, and the window with the printer of the worst trouble picked from
+// the status bar as statusbar.png, then with polling off as statusbar-polling-off.png (the
+// window's title goes to the output). Exits 1 when a page can't be found or a picture can't
+// be written.
 
+#include "PageTour.h"
 #include "platform/host/DesktopStart.h"
 #include "platform/host/MainWindow.h"
-#include "PageTour.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QStatusBar>
 #include <QToolBar>
 
 namespace {
@@ -18,16 +17,18 @@ constexpr int UpdatePeriodMs = 1000;
 MainWindow::MainWindow(const QString& title, QWidget* parent)
     : QMainWindow(parent)
     , m_commands(m_control.control())
+    , m_glance(*this, m_control, title)
 {
     setWindowTitle(title);
     setCentralWidget(&m_control);
-    statusBar();
     resize(1100, 700);
     m_updateTimer.setInterval(UpdatePeriodMs);
     connect(&m_updateTimer, &QTimer::timeout, this, &MainWindow::updateCommands);
     // After the control has shown the new selection's page.
     connect(&m_control.treeView().widget(), &QTreeWidget::currentItemChanged, this,
             &MainWindow::updateCommands);
+    // A count selects through the control, which keeps the tree quiet: the commands follow here.
+    connect(&m_glance.bar(), &GlanceBar::nextAsked, this, &MainWindow::updateCommands);
 }
 
 void MainWindow::start()
@@ -113,6 +114,7 @@ QMenu* MainWindow::menuForMark(const HostCommandRow& mark)
 
 void MainWindow::updateCommands()
 {
+    m_glance.followPolling();
     for (const auto& [action, command] : std::as_const(m_actions)) {
         const ControlCommands::State state = m_commands.state(command);
         action->setVisible(state.visible);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/host/ControlCommands.h"
+#include "platform/host/SiteGlance.h"
 #include "platform/qt/ControlWidget.h"
 
 #include <QMainWindow>
@@ -19,6 +20,7 @@ public:
     explicit MainWindow(const QString& title, QWidget* parent = nullptr);
 
     ControlWidget& controlWidget() { return m_control; }
+    SiteGlance& glance() { return m_glance; }
     // Starts the control, builds the toolbar and menus from its tables and brings back the
     // window's place of the last run.
     void start();
@@ -41,6 +43,7 @@ private:
 
     ControlWidget m_control;
     ControlCommands m_commands;
+    SiteGlance m_glance;
     QTimer m_updateTimer;
     QList<QPair<QAction*, QString>> m_actions;
     QStringList m_shortcutsTaken;

@@ -1,4 +1,4 @@
-#include "StateCounts.h"
+#include "core/StateCounts.h"
 
 #include "core/ErrorColours.h"
 #include "core/clsComponents.h"
@@ -9,7 +9,7 @@ namespace {
 // In the order the counts are told and labelled.
 struct Column
 {
-    qint32 state;
+    ErrorState state;
     const char* one;
     const char* many;
     const char* label;
@@ -52,9 +52,47 @@ StateCounts StateCounts::of(TreeNode& node)
     return counts;
 }
 
+ErrorState StateCounts::countedAs(qint32 state)
+{
+    return state >= 0 && state < States ? static_cast<ErrorState>(state) : StateFault;
+}
+
 void StateCounts::add(qint32 state)
 {
-    ++m_counts[state >= 0 && state < States ? state : StateFault];
+    ++m_counts[countedAs(state)];
+}
+
+void StateCounts::take(qint32 state)
+{
+    int& count = m_counts[countedAs(state)];
+    count = qMax(0, count - 1);
+}
+
+int StateCounts::count(qint32 state) const
+{
+    return m_counts[countedAs(state)];
+}
+
+QString StateCounts::told(qint32 state) const
+{
+    const ErrorState counted = countedAs(state);
+    for (const Column& column : Columns) {
+        if (column.state == counted) {
+            const int many = m_counts[counted];
+            return QStringLiteral("%1 %2").arg(many).arg(
+                QLatin1String(many == 1 ? column.one : column.many));
+        }
+    }
+    return {};
+}
+
+std::optional<ErrorState> StateCounts::worstTrouble() const
+{
+    for (const ErrorState state : {StateFault, StateNoAnswer, StatePortBusy, StateWarning}) {
+        if (m_counts[state] > 0)
+            return state;
+    }
+    return std::nullopt;
 }
 
 int StateCounts::printers() const
@@ -74,13 +112,12 @@ StateCounts::Verdict StateCounts::verdict() const
 
 QString StateCounts::pluginLine() const
 {
-    QStringList told;
+    QStringList toldCounts;
     QStringList labelled;
     for (const Column& column : Columns) {
         const int count = m_counts[column.state];
         if (count > 0)
-            told.append(QStringLiteral("%1 %2").arg(count).arg(
-                QLatin1String(count == 1 ? column.one : column.many)));
+            toldCounts.append(told(column.state));
         labelled.append(QStringLiteral("%1=%2").arg(QLatin1String(column.label)).arg(count));
     }
     const int total = printers();
@@ -88,8 +125,8 @@ QString StateCounts::pluginLine() const
                        .arg(verdictWord(verdict()))
                        .arg(total)
                        .arg(total == 1 ? QStringLiteral("printer") : QStringLiteral("printers"));
-    if (!told.isEmpty())
-        line += QStringLiteral(": ") + told.join(QStringLiteral(", "));
+    if (!toldCounts.isEmpty())
+        line += QStringLiteral(": ") + toldCounts.join(QStringLiteral(", "));
     return line + QStringLiteral(" | ") + labelled.join(QLatin1Char(' '));
 }
 

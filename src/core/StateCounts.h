@@ -1,8 +1,11 @@
 #pragma once
 
+#include "core/ErrorState.h"
+
 #include <QJsonObject>
 #include <QString>
 #include <array>
+#include <optional>
 
 class TreeNode;
 
@@ -15,10 +18,19 @@ public:
     enum Verdict { Ok = 0, Warning = 1, Critical = 2, Unknown = 3 };
 
     static StateCounts of(TreeNode& node);
-    // A state no driver gives counts as a fault.
+    // The state a printer is counted in: a state no driver gives counts as a fault.
+    static ErrorState countedAs(qint32 state);
     void add(qint32 state);
+    // One printer fewer in that state; a count never goes below 0.
+    void take(qint32 state);
 
     int printers() const;
+    int count(qint32 state) const;
+    // The count with its word: "1 fault", "2 faults", "3 no answer".
+    QString told(qint32 state) const;
+    // The state of the worst trouble there is, faults before no answer before busy ports
+    // before warnings; none when every enabled printer is well.
+    std::optional<ErrorState> worstTrouble() const;
     // From the worst state of the enabled printers: good, or no printer at all, is Ok; a
     // warning Warning; a fault, a busy port or no answer Critical. A disabled printer is
     // counted but makes nothing worse.
