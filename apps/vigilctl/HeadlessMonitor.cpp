@@ -8,6 +8,7 @@
 #include "services/ApplicationOptions.h"
 #include "services/EventLoopWait.h"
 #include "services/SettingsStore.h"
+#include "services/StateHistoryFile.h"
 
 namespace {
 constexpr int ConnectWaitMs = 3000;
@@ -35,6 +36,7 @@ std::unique_ptr<HeadlessMonitor> HeadlessMonitor::onCopyOfStore(QString& problem
 {
     std::unique_ptr<HeadlessMonitor> monitor(new HeadlessMonitor);
     const QString copyPath = monitor->m_folder.filePath(QStringLiteral("store.sqlite"));
+    const QString historyPath = StateHistoryFile::pathBeside(SettingsStore::process().filePath());
     if (!monitor->m_folder.isValid() || !SettingsStore::process().backupTo(copyPath, problem)) {
         problem = QStringLiteral("the store could not be copied: %1").arg(problem);
         return nullptr;
@@ -42,6 +44,7 @@ std::unique_ptr<HeadlessMonitor> HeadlessMonitor::onCopyOfStore(QString& problem
     SettingsStore::install(std::make_shared<SettingsStore>(copyPath));
     LoadOptions();
     LibraryStart();
+    monitor->m_history = std::make_unique<StateHistoryRecorder>(historyPath);
     InstallApplicationFactory(&LbxApplication::attach);
     // The first poll comes within start-up: the printers' wires must be up by then, or its
     // questions would be lost on the way.

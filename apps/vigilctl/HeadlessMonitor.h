@@ -5,6 +5,7 @@
 #include "core/MemoryPagePane.h"
 #include "core/MemoryTreeView.h"
 #include "core/QtTimer.h"
+#include "core/StateHistoryRecorder.h"
 
 #include <QTemporaryDir>
 #include <memory>
@@ -12,7 +13,8 @@
 class TreeNode;
 
 // The monitor without a window, on a copy of the store: what it saves while it runs goes to
-// the copy, and the store itself, which a window may be using, is left as it is.
+// the copy, and the store itself, which a window may be using, is left as it is. The states
+// it sees go to the history beside the store itself.
 class HeadlessMonitor
 {
 public:
@@ -38,4 +40,5 @@ private:
     QtTimer m_timer1{200, false};
     QtTimer m_tmrTimeout{0, false};
     AddInControl m_control;
+    std::unique_ptr<StateHistoryRecorder> m_history;
 };

@@ -1,5 +1,6 @@
 #include "StatusReport.h"
 
+#include "StateWords.h"
 #include "core/ErrorColours.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
@@ -7,26 +8,6 @@
 #include <QJsonArray>
 
 namespace {
-QString stateWord(qint32 state)
-{
-    switch (state) {
-    case StateNoAnswer:
-        return QStringLiteral("no answer");
-    case StateGood:
-        return QStringLiteral("good");
-    case StateWarning:
-        return QStringLiteral("warning");
-    case StateFault:
-        return QStringLiteral("fault");
-    case StatePortBusy:
-        return QStringLiteral("port busy");
-    case StateDisabled:
-        return QStringLiteral("disabled");
-    default:
-        return QStringLiteral("unknown");
-    }
-}
-
 QString alertOf(TreeNode& node)
 {
     return node.isGroup() ? QString() : static_cast<clsComponent&>(node).GetHighestAlert();
@@ -38,7 +19,7 @@ void appendLines(TreeNode& node, int depth, QString& lines)
     lines += QString(depth * 2, QLatin1Char(' ')) + QStringLiteral("%1: %2 %3, \"%4\"")
                                                         .arg(node.m_sName)
                                                         .arg(state)
-                                                        .arg(stateWord(state), node.TreeText());
+                                                        .arg(StateWord(state), node.TreeText());
     const QString alert = alertOf(node);
     if (!alert.isEmpty())
         lines += QStringLiteral(", alert \"%1\"").arg(alert);

@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 #include "FormatCommand.h"
+#include "HistoryCommand.h"
 #include "JobsCommand.h"
 #include "MessageCommand.h"
 #include "PrintCommand.h"
@@ -28,12 +29,13 @@ QString usage()
         "  format    show what a label format or a label set asks for\n"
         "  print     print a label format or a label set on a queue\n"
         "  send      assign label files in the tree and send them, as the window does\n"
+        "  history   the printers' changes of state, and the share of time in each state\n"
         "\n"
         "'vigilctl COMMAND --help' tells more of each.\n"
         "Exit codes: 0 done; 1 the key, value, queue, job or message asked for is missing, or a\n"
         "label file is missing or faulty; 2 a bad command line; 3 the store or a file can't be\n"
-        "used; 4 a change by someone who is no administrator. vigilctl status answers as a\n"
-        "monitoring plugin (see its --help).\n");
+        "used, or the history is missing or damaged; 4 a change by someone who is no\n"
+        "administrator. vigilctl status answers as a monitoring plugin (see its --help).\n");
 }
 } // namespace
 
@@ -55,6 +57,8 @@ int main(int argc, char* argv[])
         return JobsCommand(console).run(args.mid(1));
     if (command == QLatin1String("status"))
         return StatusCommand(console).run(args.mid(1));
+    if (command == QLatin1String("history"))
+        return HistoryCommand(console).run(args.mid(1));
     if (command == QLatin1String("message"))
         return MessageCommand(console).run(args.mid(1));
     if (command == QLatin1String("format"))

@@ -6,6 +6,7 @@
 #include "core/HandlerTable.h"
 #include "core/IPage.h"
 #include "core/ImageList.h"
+#include "core/NodeStatusFeed.h"
 #include "core/PresentTime.h"
 #include "core/StoredNode.h"
 #include "core/clsComponents.h"
@@ -329,10 +330,13 @@ void clsComponent::UpdateStatus()
         IgnoringFailure([&] { m_lPrintCount = handler->PrintCount(); });
     }
     if (g_oAddIn && !m_bIsGLVComponent) {
-        IgnoringFailure([this] {
+        // Worked out once: a handler works its state out afresh at each call.
+        std::optional<ErrorState> state;
+        IgnoringFailure([this, &state] { state = GetErrorState(); });
+        IgnoringFailure([this, &state] {
             if (auto item = g_oAddIn->GetTreeNode(m_sID)) {
-                item->setColours(GetErrorColour(TreePalette, false),
-                                 GetErrorColour(TreePalette, true));
+                item->setColours(GetErrorColour(TreePalette, false, state),
+                                 GetErrorColour(TreePalette, true, state));
                 const QString text = TreeText();
                 if (item->Text() != text)
                     item->setText(text);
@@ -345,6 +349,10 @@ void clsComponent::UpdateStatus()
                 if (TreeNode* dashboard = GetTreeComponent(glv, false))
                     dashboard->Process();
             });
+        }
+        if (state && state != m_stateTold) {
+            NodeStatusFeed::tell(*this, m_stateTold, *state);
+            m_stateTold = state;
         }
     }
     emit StatusChanged();

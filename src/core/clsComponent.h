@@ -107,4 +107,6 @@ private:
     QList<std::pair<QString, QString>> m_asSettings{{QString(), QString()}};
     std::unique_ptr<ComponentHandler> m_oRemoteObject;
     QStringList m_asGLVs{QString()};
+    // The state the node last told the feed of; none before its first status.
+    std::optional<ErrorState> m_stateTold;
 };

@@ -1,10 +1,15 @@
 #include "platform/host/MainWindow.h"
 
+#include "platform/host/DemoSite.h"
 #include "platform/host/HostCommandRow.h"
 #include "services/SettingsAccess.h"
+#include "services/SettingsStore.h"
+#include "services/StateHistoryFile.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QToolBar>
 
@@ -12,6 +17,15 @@ namespace {
 const QString PlaceKey = DefaultRootKey + QStringLiteral("\\Host");
 const QString PlaceValue = QStringLiteral("Geometry");
 constexpr int UpdatePeriodMs = 1000;
+
+// The demo keeps its history apart from the site's, as it keeps its store.
+QString historyPath()
+{
+    const QFileInfo store(SettingsStore::process().filePath());
+    if (store.fileName() == DemoSite::FileName)
+        return store.dir().filePath(QStringLiteral("demo-history.sqlite"));
+    return StateHistoryFile::pathBeside(store.filePath());
+}
 } // namespace
 
 MainWindow::MainWindow(const QString& title, QWidget* parent)
@@ -34,6 +48,8 @@ MainWindow::MainWindow(const QString& title, QWidget* parent)
 void MainWindow::start()
 {
     restorePlace();
+    // Before the control, whose start-up polls for the first time.
+    m_history = std::make_unique<StateHistoryRecorder>(historyPath());
     m_control.initialise();
     // The whole site at a glance: every group open.
     m_control.treeView().widget().expandAll();

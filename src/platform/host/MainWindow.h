@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/StateHistoryRecorder.h"
 #include "platform/host/ControlCommands.h"
 #include "platform/host/SiteGlance.h"
 #include "platform/qt/ControlWidget.h"
 
 #include <QMainWindow>
 #include <QTimer>
+#include <memory>
 
 struct HostCommandRow;
 
@@ -21,8 +23,8 @@ public:
 
     ControlWidget& controlWidget() { return m_control; }
     SiteGlance& glance() { return m_glance; }
-    // Starts the control, builds the toolbar and menus from its tables and brings back the
-    // window's place of the last run.
+    // Starts the history and the control, builds the toolbar and menus from its tables and
+    // brings back the window's place of the last run.
     void start();
     // Asks every command's OnUpdate operation again.
     void updateCommands();
@@ -47,4 +49,5 @@ private:
     QTimer m_updateTimer;
     QList<QPair<QAction*, QString>> m_actions;
     QStringList m_shortcutsTaken;
+    std::unique_ptr<StateHistoryRecorder> m_history;
 };
