@@ -148,6 +148,9 @@ int HistoryCommand::run(const QStringList& words)
                                                : Format::Text;
     if (line.has(SummaryFlag)) {
         const qint64 toMs = now.toMSecsSinceEpoch();
+        // Without --since the period begins with the oldest change kept.
+        if (!line.value(SinceOption))
+            fromMs = changes.isEmpty() ? toMs : changes.first().atMs;
         printShares(StateShares(changes, fromMs, toMs), fromMs, toMs, format);
     } else {
         // The states the printers were in before the period only serve the summary.
