@@ -133,7 +133,8 @@ protected:
     inline static const QString PrinterPage = QStringLiteral("KorvexVigil.ctlScriptedUI");
     ScriptedHandler::Registration m_scripted;
     std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
-    std::unique_ptr<MainWindow> m_window = std::make_unique<MainWindow>("Vigil");
+    std::unique_ptr<MainWindow> m_window =
+        std::make_unique<MainWindow>("Vigil", QDBusConnection(QStringLiteral("no bus")));
 };
 
 TEST_F(HostWindowTest, ToolbarRowsBecomeActionsThatFollowTheirCommands)

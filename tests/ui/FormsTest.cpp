@@ -6,11 +6,13 @@
 #include "platform/qt/frmOptions.h"
 #include "printing/ui/frmDownloads.h"
 #include "services/ApplicationOptions.h"
+#include "services/NoticeOptions.h"
 #include "services/SettingsAccess.h"
 #include "services/VigilError.h"
 #include "support/ServicesFixture.h"
 #include "ui/WidgetApplication.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
@@ -129,6 +131,35 @@ TEST_F(OptionsDialogTest, OkRefusesWhatIsNotAWholeNumberOfSecondsInRangeAndSaves
     EXPECT_FALSE(m_form->isVisible());
     EXPECT_EQ(storedValue(OptionsKey, "PollInterval"), QVariant(4000));
     EXPECT_EQ(GetPollInterval(), 4000);
+}
+
+TEST_F(OptionsDialogTest, TheNoticesShowWhatIsKeptAndOkKeepsWhatTheyShow)
+{
+    NoticeOptions{true, 45, QStringLiteral("/tmp/bell.wav")}.save();
+    frmOptions form;
+    auto& notify = ChildOf<QCheckBox>(form, "chkNotify");
+    auto& delay = ChildOf<QSpinBox>(form, "spnDelay");
+    auto& sound = ChildOf<QLineEdit>(form, "txtSound");
+    EXPECT_TRUE(notify.isChecked());
+    EXPECT_EQ(delay.value(), 45);
+    EXPECT_EQ(sound.text(), QStringLiteral("/tmp/bell.wav"));
+
+    notify.setChecked(false);
+    EXPECT_FALSE(delay.isEnabled());
+    delay.setValue(0);
+    sound.setText(QStringLiteral("  "));
+    ChildOf<QPushButton>(form, "cmdCancel").click();
+    EXPECT_EQ(NoticeOptions::load().delaySeconds, 45);
+
+    frmOptions again;
+    ChildOf<QCheckBox>(again, "chkNotify").setChecked(false);
+    ChildOf<QSpinBox>(again, "spnDelay").setValue(0);
+    ChildOf<QLineEdit>(again, "txtSound").setText(QStringLiteral("  "));
+    ChildOf<QPushButton>(again, "cmdOK").click();
+    const NoticeOptions kept = NoticeOptions::load();
+    EXPECT_FALSE(kept.enabled);
+    EXPECT_EQ(kept.delaySeconds, 0);
+    EXPECT_TRUE(kept.soundFile.isEmpty());
 }
 
 TEST_F(FormsTest, TheOptionsOpenModalAndGoWhenClosed)

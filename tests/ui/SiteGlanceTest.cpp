@@ -1,5 +1,6 @@
 // The host window's glance at the site: the counts in the status bar and what their buttons
-// select, the title led by the worst trouble, and the note while polling is off.
+// select, the title led by the worst trouble, the note while polling is off, and what the
+// window does for the trouble notices.
 
 #include "core/Globals.h"
 #include "core/PresentTime.h"
@@ -17,6 +18,7 @@
 #include "support/ServicesFixture.h"
 #include "ui/WidgetApplication.h"
 
+#include <QMenuBar>
 #include <QToolButton>
 
 namespace {
@@ -70,7 +72,8 @@ protected:
         std::make_shared<FakeClock>(QDateTime(QDate(2026, 3, 9), QTime(14, 3, 27)));
     ScriptedHandler::Registration m_scripted;
     std::shared_ptr<FakeApplication> m_application = std::make_shared<FakeApplication>();
-    std::unique_ptr<MainWindow> m_window = std::make_unique<MainWindow>("Vigil");
+    std::unique_ptr<MainWindow> m_window =
+        std::make_unique<MainWindow>("Vigil", QDBusConnection(QStringLiteral("no bus")));
 };
 } // namespace
 
@@ -120,6 +123,33 @@ TEST_F(SiteGlanceTest, WhilePollingIsOffTheStatusBarSaysSinceWhen)
     m_window->controlWidget().control().DoEnablePolling();
     m_window->updateCommands();
     EXPECT_FALSE(note.isVisibleTo(m_window.get()));
+}
+
+TEST_F(SiteGlanceTest, AClickedNoticeShowsItsPrinterWhichAcknowledgeCanSilence)
+{
+    QAction& acknowledge = m_window->notices().acknowledgeAction();
+    QMenu* holder = nullptr;
+    for (QMenu* menu : m_window->menuBar()->findChildren<QMenu*>())
+        holder = menu->actions().contains(&acknowledge) ? menu : holder;
+    ASSERT_NE(holder, nullptr);
+    EXPECT_EQ(holder->title(), "Monitoring");
+
+    turn("B", StateFault);
+    auto& tree = m_window->controlWidget().treeView().widget();
+    tree.collapseAll();
+    const QString b = g_oComponents->FindPrinter("B")->m_sID;
+    emit m_window->notices().printerAsked(b);
+    EXPECT_EQ(selectedName(), "B");
+    EXPECT_TRUE(tree.topLevelItem(0)->isExpanded());
+    EXPECT_TRUE(acknowledge.isEnabled());
+    acknowledge.trigger();
+    EXPECT_FALSE(acknowledge.isEnabled());
+    EXPECT_FALSE(m_window->notices().watch().canAcknowledge(b));
+
+    // A printer that is well has nothing to acknowledge.
+    emit m_window->notices().printerAsked(g_oComponents->FindPrinter("A")->m_sID);
+    EXPECT_EQ(selectedName(), "A");
+    EXPECT_FALSE(acknowledge.isEnabled());
 }
 
 TEST(GlanceTitleTest, LeadsWithTheWorstTroubleOnly)

@@ -22,7 +22,9 @@
 #include "services/ApplicationOptions.h"
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <QDeadlineTimer>
+#include <QFileInfo>
 #include <QTimer>
 
 namespace {
@@ -58,6 +60,17 @@ void startWhenWiresSettle(MainWindow& window)
     });
     check->start(WireCheckMs);
 }
+
+// The session bus, where the session has one. Without its address the bus library would try
+// to launch one, and wait for it.
+QDBusConnection sessionBusIfAny()
+{
+    const QString runtimeBus = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") &&
+        (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") || !QFileInfo::exists(runtimeBus)))
+        return QDBusConnection(QStringLiteral("no session bus"));
+    return QDBusConnection::sessionBus();
+}
 } // namespace
 
 std::unique_ptr<MainWindow> OpenDesktop(bool demo, bool freshDemo)
@@ -72,7 +85,7 @@ std::unique_ptr<MainWindow> OpenDesktop(bool demo, bool freshDemo)
     QString title = ApplyBranding(QStringLiteral("Korvex Vigil"));
     if (demo)
         title += QStringLiteral(" \u2013 demo site");
-    auto window = std::make_unique<MainWindow>(title);
+    auto window = std::make_unique<MainWindow>(title, sessionBusIfAny());
     QApplication::setWindowIcon(QIcon(IconFile(QStringLiteral("Vigil.png"))));
     SetAddInWindow(window.get());
     window->show();

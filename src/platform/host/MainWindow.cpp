@@ -26,12 +26,16 @@ QString historyPath()
         return store.dir().filePath(QStringLiteral("demo-history.sqlite"));
     return StateHistoryFile::pathBeside(store.filePath());
 }
+
+// The control's monitoring menu, where the host puts Acknowledge.
+constexpr int MonitoringMark = -4;
 } // namespace
 
-MainWindow::MainWindow(const QString& title, QWidget* parent)
+MainWindow::MainWindow(const QString& title, const QDBusConnection& bus, QWidget* parent)
     : QMainWindow(parent)
     , m_commands(m_control.control())
     , m_glance(*this, m_control, title)
+    , m_notices(bus, [this] { return m_control.treeView().selectedKey(); })
 {
     setWindowTitle(title);
     setCentralWidget(&m_control);
@@ -43,6 +47,7 @@ MainWindow::MainWindow(const QString& title, QWidget* parent)
             &MainWindow::updateCommands);
     // A count selects through the control, which keeps the tree quiet: the commands follow here.
     connect(&m_glance.bar(), &GlanceBar::nextAsked, this, &MainWindow::updateCommands);
+    connect(&m_notices, &HostNotices::printerAsked, this, &MainWindow::showPrinter);
 }
 
 void MainWindow::start()
@@ -55,6 +60,14 @@ void MainWindow::start()
     m_control.treeView().widget().expandAll();
     buildToolbar(m_control.control().GetToolbarConfiguration());
     buildMenus(m_control.control().GetMenuConfiguration());
+    PollScheduler& scheduler = m_control.control().scheduler();
+    scheduler.onTimeoutsChecked([this, &scheduler] {
+        // While polling is off the states stand still: nothing new to tell.
+        if (scheduler.pollingDisabled())
+            return;
+        m_notices.watch().timeoutsChecked();
+        m_notices.updateAcknowledge();
+    });
     updateCommands();
     m_updateTimer.start();
 }
@@ -100,6 +113,7 @@ void MainWindow::buildMenus(const QStringList& rows)
 {
     QMenu* menu = nullptr;
     QMenu* first = nullptr;
+    QMenu* monitoring = nullptr;
     for (const QString& text : rows) {
         const std::optional<HostCommandRow> row = HostCommandRow::fromMenuRow(text);
         if (!row)
@@ -107,17 +121,37 @@ void MainWindow::buildMenus(const QStringList& rows)
         if (row->isMark()) {
             menu = menuForMark(*row);
             first = first ? first : menu;
+            monitoring = row->mark == MonitoringMark ? menu : monitoring;
             continue;
         }
         if (menu && m_commands.has(row->command))
             menu->addAction(makeAction(*row));
     }
+    addAcknowledge(monitoring);
     // The host's own: leaving the program, at the end of the first menu.
     if (first) {
         first->addSeparator();
         QAction* quit = first->addAction(tr("E&xit"), this, &QWidget::close);
         quit->setShortcut(QKeySequence::Quit);
     }
+}
+
+// Without the control's monitoring menu, Acknowledge has one of the host's own.
+void MainWindow::addAcknowledge(QMenu* monitoring)
+{
+    if (!monitoring)
+        monitoring = menuBar()->addMenu(tr("&Monitoring"));
+    monitoring->addSeparator();
+    monitoring->addAction(&m_notices.acknowledgeAction());
+}
+
+void MainWindow::showPrinter(const QString& printerId)
+{
+    m_glance.selectPrinter(printerId);
+    showNormal();
+    raise();
+    activateWindow();
+    updateCommands();
 }
 
 // The marks without a title are the host's: the first is its file menu, the last its help.
@@ -131,6 +165,7 @@ QMenu* MainWindow::menuForMark(const HostCommandRow& mark)
 void MainWindow::updateCommands()
 {
     m_glance.followPolling();
+    m_notices.updateAcknowledge();
     for (const auto& [action, command] : std::as_const(m_actions)) {
         const ControlCommands::State state = m_commands.state(command);
         action->setVisible(state.visible);

@@ -2,6 +2,7 @@
 
 #include "core/StateHistoryRecorder.h"
 #include "platform/host/ControlCommands.h"
+#include "platform/host/HostNotices.h"
 #include "platform/host/SiteGlance.h"
 #include "platform/qt/ControlWidget.h"
 
@@ -19,10 +20,12 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit MainWindow(const QString& title, QWidget* parent = nullptr);
+    // Notices go to the desktop's notification service on that bus.
+    MainWindow(const QString& title, const QDBusConnection& bus, QWidget* parent = nullptr);
 
     ControlWidget& controlWidget() { return m_control; }
     SiteGlance& glance() { return m_glance; }
+    HostNotices& notices() { return m_notices; }
     // Starts the history and the control, builds the toolbar and menus from its tables and
     // brings back the window's place of the last run.
     void start();
@@ -40,12 +43,16 @@ private:
     void buildMenus(const QStringList& rows);
     QMenu* menuForMark(const HostCommandRow& mark);
     QAction* makeAction(const HostCommandRow& row);
+    void addAcknowledge(QMenu* monitoring);
+    // A notice was clicked: its printer is selected and the window comes to the front.
+    void showPrinter(const QString& printerId);
     void restorePlace();
     void savePlace();
 
     ControlWidget m_control;
     ControlCommands m_commands;
     SiteGlance m_glance;
+    HostNotices m_notices;
     QTimer m_updateTimer;
     QList<QPair<QAction*, QString>> m_actions;
     QStringList m_shortcutsTaken;

@@ -43,13 +43,16 @@ void SiteGlance::selectNext(ErrorState state)
         return;
     const QString current = m_control.treeView().selectedKey();
     const clsComponent* printer = StateCycle::next(*g_oComponents, state, current);
-    if (!printer)
-        return;
+    if (printer)
+        selectPrinter(printer->m_sID);
+}
+
+void SiteGlance::selectPrinter(const QString& printerId)
+{
     QtTreeView& view = m_control.treeView();
-    for (QString group = view.parentKey(printer->m_sID); !group.isEmpty();
-         group = view.parentKey(group))
+    for (QString group = view.parentKey(printerId); !group.isEmpty(); group = view.parentKey(group))
         view.expandItem(group);
-    m_control.control().SelectTreeItem(printer->m_sID);
+    m_control.control().SelectTreeItem(printerId);
 }
 
 void SiteGlance::showCounts()

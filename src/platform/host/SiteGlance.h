@@ -26,6 +26,8 @@ public:
     void followPolling();
     // Selects the next printer in that state, its group opened, and shows its page.
     void selectNext(ErrorState state);
+    // Selects that printer, its group opened, and shows its page.
+    void selectPrinter(const QString& printerId);
 
 private:
     void showCounts();

@@ -3,6 +3,7 @@
 #include "core/AddInControl.h"
 #include "core/Globals.h"
 #include "platform/qt/FormPosition.h"
+#include "platform/qt/NoticeOptionsBox.h"
 #include "services/ApplicationOptions.h"
 #include "services/Conversions.h"
 #include "services/ErrorBox.h"
@@ -50,6 +51,7 @@ frmOptions::frmOptions(QWidget* owner)
     , txtInterval(new QLineEdit(fraPoll))
     , spnInterval(new QSpinBox(fraPoll))
     , lblIntervalUnits(new QLabel(fraPoll))
+    , fraNotices(new NoticeOptionsBox(this))
     , cmdOK(new QPushButton(this))
     , cmdCancel(new QPushButton(this))
 {
@@ -116,6 +118,7 @@ void frmOptions::layOut()
 
     auto* form = new QVBoxLayout(this);
     form->addWidget(fraPoll);
+    form->addWidget(fraNotices);
     form->addLayout(buttons);
     form->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -171,6 +174,8 @@ void frmOptions::cmdOK_Click()
         }
         SetPollIntervalOption(*seconds * 1000);
         SaveOptions();
+        // The notices read theirs at each check.
+        fraNotices->save();
         if (g_oAddIn)
             g_oAddIn->UpdatePollInterval();
         accept();

@@ -8,9 +8,10 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
+class NoticeOptionsBox;
 
-// The options dialog: the poll interval in seconds, 4 to 65000. OK saves it and puts it in
-// force at once; Cancel changes nothing.
+// The options dialog: the poll interval in seconds, 4 to 65000, and the trouble notices. OK
+// saves them and puts them in force at once; Cancel changes nothing.
 class frmOptions : public QDialog
 {
     Q_OBJECT
@@ -42,6 +43,7 @@ private:
     QLineEdit* txtInterval;
     QSpinBox* spnInterval;
     QLabel* lblIntervalUnits;
+    NoticeOptionsBox* fraNotices;
     QPushButton* cmdOK;
     QPushButton* cmdCancel;
 };
