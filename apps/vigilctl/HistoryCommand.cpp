@@ -2,8 +2,8 @@
 
 #include "HistorySince.h"
 #include "StateShares.h"
-#include "StateWords.h"
 #include "core/PresentTime.h"
+#include "core/StateWords.h"
 #include "services/SettingsStore.h"
 #include "services/StateHistoryFile.h"
 

@@ -1,7 +1,7 @@
 #include "StatusReport.h"
 
-#include "StateWords.h"
 #include "core/ErrorColours.h"
+#include "core/StateWords.h"
 #include "core/clsComponent.h"
 #include "core/clsComponents.h"
 

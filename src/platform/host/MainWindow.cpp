@@ -2,6 +2,7 @@
 
 #include "platform/host/DemoSite.h"
 #include "platform/host/HostCommandRow.h"
+#include "platform/qt/HistoryView.h"
 #include "services/SettingsAccess.h"
 #include "services/SettingsStore.h"
 #include "services/StateHistoryFile.h"
@@ -48,6 +49,8 @@ MainWindow::MainWindow(const QString& title, const QDBusConnection& bus, QWidget
     // A count selects through the control, which keeps the tree quiet: the commands follow here.
     connect(&m_glance.bar(), &GlanceBar::nextAsked, this, &MainWindow::updateCommands);
     connect(&m_notices, &HostNotices::printerAsked, this, &MainWindow::showPrinter);
+    connect(&m_control.treeView().widget(), &QTreeWidget::currentItemChanged, this,
+            &MainWindow::followSelectionInHistory);
 }
 
 void MainWindow::start()
@@ -114,6 +117,7 @@ void MainWindow::buildMenus(const QStringList& rows)
     QMenu* menu = nullptr;
     QMenu* first = nullptr;
     QMenu* monitoring = nullptr;
+    QMenu* last = nullptr;
     for (const QString& text : rows) {
         const std::optional<HostCommandRow> row = HostCommandRow::fromMenuRow(text);
         if (!row)
@@ -122,12 +126,14 @@ void MainWindow::buildMenus(const QStringList& rows)
             menu = menuForMark(*row);
             first = first ? first : menu;
             monitoring = row->mark == MonitoringMark ? menu : monitoring;
+            last = menu;
             continue;
         }
         if (menu && m_commands.has(row->command))
             menu->addAction(makeAction(*row));
     }
     addAcknowledge(monitoring);
+    addViewMenu(last && last != first && last->title() == tr("&Help") ? last : nullptr);
     // The host's own: leaving the program, at the end of the first menu.
     if (first) {
         first->addSeparator();
@@ -143,6 +149,35 @@ void MainWindow::addAcknowledge(QMenu* monitoring)
         monitoring = menuBar()->addMenu(tr("&Monitoring"));
     monitoring->addSeparator();
     monitoring->addAction(&m_notices.acknowledgeAction());
+}
+
+void MainWindow::addViewMenu(QMenu* help)
+{
+    auto* view = new QMenu(tr("&View"), menuBar());
+    menuBar()->insertMenu(help ? help->menuAction() : nullptr, view);
+    QAction* history = view->addAction(tr("&History..."), this, &MainWindow::showHistory);
+    history->setStatusTip(
+        tr("The states of the selected printer or group over the last day or week"));
+}
+
+void MainWindow::showHistory()
+{
+    if (!m_historyView)
+        m_historyView = new HistoryView(historyPath(), this);
+    m_historyView->show();
+    followSelectionInHistory();
+    m_historyView->raise();
+    m_historyView->activateWindow();
+}
+
+void MainWindow::followSelectionInHistory()
+{
+    if (!m_historyView || !m_historyView->isVisible())
+        return;
+    const QtTreeView& tree = m_control.treeView();
+    const QString key = tree.selectedKey();
+    m_historyView->showScope(HistoryScope::ofNode(key),
+                             key.isEmpty() ? tr("the site") : tree.itemText(key));
 }
 
 void MainWindow::showPrinter(const QString& printerId)

@@ -11,6 +11,7 @@
 #include <memory>
 
 struct HostCommandRow;
+class HistoryView;
 
 // The host shell: a main window holding the control, with a toolbar and menus built from the
 // control's own tables. Each pick calls the command by name, and every action follows its
@@ -44,6 +45,12 @@ private:
     QMenu* menuForMark(const HostCommandRow& mark);
     QAction* makeAction(const HostCommandRow& row);
     void addAcknowledge(QMenu* monitoring);
+    // The host's View menu, after the control's menus and before the help.
+    void addViewMenu(QMenu* help);
+    // Opens the history view on the selected printer or group.
+    void showHistory();
+    // The open history view follows the tree's selection.
+    void followSelectionInHistory();
     // A notice was clicked: its printer is selected and the window comes to the front.
     void showPrinter(const QString& printerId);
     void restorePlace();
@@ -57,4 +64,5 @@ private:
     QList<QPair<QAction*, QString>> m_actions;
     QStringList m_shortcutsTaken;
     std::unique_ptr<StateHistoryRecorder> m_history;
+    HistoryView* m_historyView = nullptr;
 };

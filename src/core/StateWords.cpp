@@ -1,4 +1,4 @@
-#include "StateWords.h"
+#include "core/StateWords.h"
 
 #include "core/ErrorState.h"
 
