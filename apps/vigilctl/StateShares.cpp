@@ -1,20 +1,6 @@
 #include "StateShares.h"
 
-#include <QHash>
-
-namespace {
-struct Span
-{
-    qint32 state = 0;
-    qint64 sinceMs = 0;
-};
-
-void addTime(StateShares::Row& row, const Span& span, qint64 untilMs)
-{
-    if (span.state >= 0 && span.state < StateShares::States && untilMs > span.sinceMs)
-        row.ms[span.state] += untilMs - span.sinceMs;
-}
-} // namespace
+#include "core/HistoryTimeline.h"
 
 qint64 StateShares::Row::observedMs() const
 {
@@ -32,25 +18,15 @@ double StateShares::Row::share(int state) const
 
 StateShares::StateShares(const QList<StateChange>& changes, qint64 fromMs, qint64 toMs)
 {
-    QHash<QString, qsizetype> rowOf;
-    QHash<QString, Span> current;
-    for (const StateChange& change : changes) {
-        auto found = rowOf.constFind(change.printerId);
-        if (found == rowOf.cend()) {
-            found = rowOf.insert(change.printerId, m_printers.size());
-            m_printers.append(Row{change.printerId, change.printer, change.groups, {}});
-        }
-        Row& row = m_printers[*found];
-        // The newest name and groups stand for the printer.
-        row.name = change.printer;
-        row.groups = change.groups;
-        const qint64 atMs = std::max(change.atMs, fromMs);
-        if (const auto open = current.constFind(change.printerId); open != current.cend())
-            addTime(row, *open, atMs);
-        current.insert(change.printerId, Span{change.newState, atMs});
+    // The printers' bands of time over the period, as the history view draws them.
+    const HistoryTimeline timeline(changes, HistoryScope{}, fromMs, toMs);
+    for (const HistoryTimeline::Row& printer : timeline.rows()) {
+        Row row{printer.printerId, printer.printer, printer.groups, {}};
+        for (const HistoryTimeline::Band& band : printer.bands)
+            if (band.state >= 0 && band.state < States)
+                row.ms[band.state] += band.toMs - band.fromMs;
+        m_printers.append(row);
     }
-    for (auto open = current.cbegin(); open != current.cend(); ++open)
-        addTime(m_printers[rowOf.value(open.key())], *open, toMs);
 
     QMap<QStringList, Row> groups;
     for (const Row& printer : std::as_const(m_printers)) {

@@ -91,12 +91,13 @@ TEST(StateSharesTest, EachPrinterCountsFromItsStateAtTheStartToTheEnd)
         {180, "ID2", "B", {"Hall"}, {}, 2, {}},
     };
     const StateShares shares(changes, 100, 200);
+    // Ordered by their groups, then names: B, in the hall itself, before A of Line 1.
     ASSERT_EQ(shares.printers().size(), 2);
-    const StateShares::Row& a = shares.printers()[0];
+    const StateShares::Row& a = shares.printers()[1];
     EXPECT_EQ(a.observedMs(), 100);
     EXPECT_DOUBLE_EQ(a.share(1), 0.5);
     EXPECT_DOUBLE_EQ(a.share(3), 0.5);
-    EXPECT_EQ(shares.printers()[1].observedMs(), 20);
+    EXPECT_EQ(shares.printers()[0].observedMs(), 20);
 
     // A group holds its printers' time, also that of its groups'.
     ASSERT_EQ(shares.groups().size(), 2);
