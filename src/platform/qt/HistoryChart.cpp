@@ -64,9 +64,12 @@ HistoryChart::HistoryChart(QGraphicsItem* parent)
 
 void HistoryChart::show(const HistoryTimeline& timeline, qint64 fromMs, qint64 toMs)
 {
+    // The chart deletes the series it drops, but gives the axes back.
     removeAllSeries();
-    for (QAbstractAxis* axis : axes())
+    for (QAbstractAxis* axis : axes()) {
         removeAxis(axis);
+        delete axis;
+    }
 
     auto* time = new QDateTimeAxis;
     const qint64 spanMs = toMs - fromMs;
@@ -98,6 +101,9 @@ void HistoryChart::show(const HistoryTimeline& timeline, qint64 fromMs, qint64 t
             series->setColor(bandColour(state.key(), palette));
             series->setPen(Qt::NoPen);
             addSeries(series);
+            // An area doesn't own its lines: they go with it.
+            series->upperSeries()->setParent(series);
+            series->lowerSeries()->setParent(series);
             series->attachAxis(time);
             series->attachAxis(printers);
             // One entry in the legend for each state.
