@@ -3,6 +3,7 @@
 // printer changes state every cycle. The poll's CPU is measured with and without the history,
 // by turns, and the history's CPU is printed as a share of the poll's own.
 
+#include "GroupedSite.h"
 #include "core/AddInControl.h"
 #include "core/Globals.h"
 #include "core/MemoryContextMenus.h"
@@ -86,22 +87,6 @@ private:
     int m_cycles = 0;
 };
 
-void spreadOverGroups()
-{
-    const auto printers = g_oComponents->Col().snapshot();
-    for (int g = 0; g < Groups; ++g) {
-        auto group = std::make_shared<clsComponents>();
-        group->m_sID = QStringLiteral("GP%1").arg(g, 12, 10, QLatin1Char('0'));
-        group->m_sName = QStringLiteral("Hall %1").arg(g);
-        g_oComponents->AddComponent(group->m_sID, group);
-        for (qsizetype p = g * printers.size() / Groups; p < (g + 1) * printers.size() / Groups;
-             ++p) {
-            g_oComponents->Remove(printers[p]->m_sID);
-            group->AddComponent(printers[p]->m_sID, printers[p]);
-        }
-    }
-}
-
 qsizetype changesWritten(const QString& path)
 {
     StateHistoryFile file(path, StateHistoryFile::Mode::Read);
@@ -137,7 +122,7 @@ int main(int argc, char* argv[])
     FakeTimer timeout{0, false};
     AddInControl control(ControlPorts{view, pages, menus, timer1, timeout});
     control.UserControl_Initialize();
-    spreadOverGroups();
+    SpreadPrintersOverGroups(Groups);
     site.pollCycles(); // every coder's first round
 
     // Runs without and with the history by turns; the middle of the differences stands, so

@@ -1,5 +1,6 @@
 // The monitor core with a large site: 2,000 local printers on fake queues under 20 groups.
 
+#include "GroupedSite.h"
 #include "core/AddInControl.h"
 #include "core/Globals.h"
 #include "core/MemoryContextMenus.h"
@@ -50,18 +51,7 @@ public:
     void startInGroups()
     {
         control.UserControl_Initialize();
-        const auto printers = g_oComponents->Col().snapshot();
-        for (int g = 0; g < Groups; ++g) {
-            auto group = std::make_shared<clsComponents>();
-            group->m_sID = QStringLiteral("GP%1").arg(g, 12, 10, QLatin1Char('0'));
-            group->m_sName = QStringLiteral("Hall %1").arg(g);
-            g_oComponents->AddComponent(group->m_sID, group);
-            for (int p = g * PrintersPerGroup;
-                 p < (g + 1) * PrintersPerGroup && p < printers.size(); ++p) {
-                g_oComponents->Remove(printers[p]->m_sID);
-                group->AddComponent(printers[p]->m_sID, printers[p]);
-            }
-        }
+        SpreadPrintersOverGroups(Groups);
     }
 
     MemoryTreeView view;
